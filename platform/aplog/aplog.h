@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdio>
+
+// The platform log: one stream that every module of a registered program writes its lines to.
+
+// The stream of the registered module, or null, in which case lines go to standard output. Owned by this
+// library; a program may point it at another stream that outlives it.
+extern "C" FILE* libaplog_to_module_ptr;
+
+// Registers the program under `module` and opens its stream: the file named by VISTANE_LOG, appended to line
+// by line. Without that variable, or when the file can't be opened (said once on standard error), the stream
+// stays null. `flags` means nothing on this host. Always returns 0.
+extern "C" int _aplog_init_orig(const char* module, int flags);

@@ -1,0 +1,43 @@
+#include "QCopChannel.h"
+
+#include "HostBus.h"
+#include "Log.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+const Log logger("QCopChannel");
+
+const QString busInterface = QStringLiteral("org.vistane.QCop1");
+const QString busSignal = QStringLiteral("Received");
+
+// What D-Bus takes as an object path; it ends the connection of a program that sends anything else.
+bool isPath(const QString& channel)
+{
+    static const QRegularExpression path(QStringLiteral("\\A(/[A-Za-z0-9_]+)+\\z"));
+    return path.match(channel).hasMatch();
+}
+
+} // namespace
+
+QCopChannel::QCopChannel(const QCString& channel, QObject* parent, const char* name) : QObject(parent)
+{
+    setObjectName(QString::fromLatin1(name));
+    const QString path = QString::fromUtf8(channel);
+    if (!isPath(path))
+        logger(3, "%s is no channel name", channel.constData());
+    else
+        HostBus::subscribe(path, busInterface, busSignal, this, SLOT(receive(QString, QByteArray)));
+}
+
+bool QCopChannel::send(const QCString& channel, const QCString& message, const QByteArray& data)
+{
+    const QString path = QString::fromUtf8(channel);
+    return isPath(path) && HostBus::send(path, busInterface, busSignal, {QString::fromUtf8(message), data});
+}
+
+void QCopChannel::receive(const QString& message, const QByteArray& data)
+{
+    emit received(message.toUtf8(), data);
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "OperatorPack.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Status of a store operation; 0 is success. The numbers are what log lines show, so they stay.
+enum StoreStatus {
+    STORE_OK = 0,
+    STORE_NOT_FOUND = 1,
+    STORE_WRONG_TYPE = 2,
+    STORE_UNWRITABLE = 3, // read-only, full, or without a file
+    STORE_BUSY = 4,       // another process held the write lock for too long
+    STORE_FAILED = 5,     // the file answered with any other error
+};
+
+// The one SQLite file of the service core: settings in two layers, the facts of the device, the channels and
+// the operator profiles. Strings are UTF-8. All operations run on the calling thread and return a StoreStatus
+// unless they say otherwise.
+class CoreStore
+{
+public:
+    enum class Layer { Pack, User };
+
+    struct Listed
+    {
+        OperatorPack::Setting setting;
+        Layer layer;
+    };
+
+    // The store named by VISTANE_DB, else $XDG_DATA_HOME/vistane/core.db; opened on the first call.
+    static CoreStore& instance();
+
+    // Makes instance() use `path` from now on; for programs that serve several stores in a row, as tests do.
+    static void use(const std::string& path);
+
+    // Opens `path`, creating the file (0600) and its folder (0700) from the built-in pack. A file that can't
+    // be used is renamed to a free name beside it, which is logged, and a new one takes its place; when the
+    // disk refuses that, the store lives in memory, holds the built-in pack, and every write answers
+    // STORE_UNWRITABLE.
+    explicit CoreStore(std::string path);
+    ~CoreStore();
+    CoreStore(const CoreStore&) = delete;
+    CoreStore& operator=(const CoreStore&) = delete;
+
+    // False when the store lives in memory because its file can't be used.
+    bool isOnDisk() const;
+
+    // Settings. read() answers with the user's value, else the pack's. write() sets the user's value;
+    // reset() takes it away, STORE_NOT_FOUND when there is none.
+    int read(int group, std::string_view key, SettingValue& value);
+    int write(int group, std::string_view key, const SettingValue& value);
+    int reset(int group, std::string_view key);
+    // The settings in force, ordered by group and key.
+    int list(std::vector<Listed>& settings);
+
+    // The operator's layer, all or nothing. Installing replaces the settings of the pack layer, and device
+    // facts, channels and profiles where the pack brings them; the user's values stay.
+    int installPack(const OperatorPack& pack);
+    int exportPack(OperatorPack& pack);
+
+    // Facts of the device, by the names of OperatorPack::factNames(). An empty value means the device can't
+    // tell: reading it answers STORE_NOT_FOUND.
+    int fact(std::string_view name, std::string& value);
+    int setFact(std::string_view name, std::string_view value);
+
+    // Channels in the order of the container that holds them. One without a title is named by the container
+    // but is not in the cache. Adding an existing one sets its title; removing an unknown one answers
+    // STORE_NOT_FOUND.
+    int channels(std::vector<OperatorPack::Channel>& channels);
+    int addChannel(const OperatorPack::Channel& channel);
+    int removeChannel(std::string_view id);
+
+    // Profiles in the operator's order, and the one in force: empty when none is. setCurrentProfile() of an
+    // unknown profile answers STORE_NOT_FOUND.
+    int profiles(std::vector<OperatorPack::Profile>& profiles);
+    int addProfile(const OperatorPack::Profile& profile);
+    int removeProfile(std::string_view id);
+    int currentProfile(std::string& id);
+    int setCurrentProfile(std::string_view id);
+
+private:
+    struct Database;
+    std::unique_ptr<Database> mDatabase;
+};

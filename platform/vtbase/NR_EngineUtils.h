@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+// What the service's engine can tell. Operations that return an integer return 0, or non-zero with the output
+// left alone.
+class NR_EngineUtils
+{
+public:
+    // 0 always, 1 in the home network only, 2 never; other values are passed on as stored.
+    static int getDownloadOptionSetting(int& option);
+    // True when the network in use counts as home although it is another one.
+    static int friendlyNetworkStatus(bool& friendly);
+    static bool isDownloadOptionNever();
+    // False while the download option, together with the network in use, keeps the service off the network.
+    static bool isNetworkAccessAllowed();
+
+    // Fills @DEVICE_MODEL@, @DP_CLIENT_SW_VERSION@, @DPP_VERSION@ and @MSISDN@ in `url`, percent-encoded; a
+    // fact that the device can't tell fills in as nothing.
+    static void replacePatternsInURL(std::string& url);
+};
