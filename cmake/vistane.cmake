@@ -7,16 +7,18 @@ function(vistane_module name)
     target_link_libraries(${name} PUBLIC ${ARGN})
 endfunction()
 
-# One test program of the calling folder's sources, run on a session bus of its own with no real display.
-#   vistane_test(NAME SOURCES file... LIBRARIES library... [NO_BUS])
-# Each test case becomes a ctest of its own, named NAME.Suite.Case.
+# One test program, each of its cases a ctest of its own, named NAME.Suite.Case, on a session bus of its own and
+# without a real display.
+#   vistane_test(NAME SOURCES file... LIBRARIES library... [SCREEN])   SCREEN: the phone screen is there, too
 function(vistane_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "NO_BUS" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SCREEN" "" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE vistane_testing ${arg_LIBRARIES})
-    if(NOT arg_NO_BUS)
-        set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/tests/on-private-bus")
+    # The first main() that the linker finds is the one that counts.
+    if(arg_SCREEN)
+        target_link_libraries(${name} PRIVATE vistane_screen_testing)
     endif()
+    target_link_libraries(${name} PRIVATE vistane_testing ${arg_LIBRARIES})
+    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/on-private-bus)
     gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
-                         PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+                         PROPERTIES TIMEOUT 120)
 endfunction()

@@ -1,0 +1,23 @@
+#include "PhoneKeys.h"
+
+#include <QKeyEvent>
+
+std::optional<USoftKey::Key> PhoneKeys::softKey(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_F1:
+    case Qt::Key_F9:
+        return USoftKey::Left;
+    case Qt::Key_F2:
+    case Qt::Key_F11:
+    case Qt::Key_Escape:
+        return USoftKey::Right;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool PhoneKeys::isSelect(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Select;
+}

@@ -1,0 +1,130 @@
+#include "PhoneScreen.h"
+
+#include "Log.h"
+#include "Look.h"
+#include "UApplication.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace {
+
+const Log logger("PhoneScreen");
+
+constexpr QSize defaultSize(240, 320);
+constexpr int smallestSide = 120;
+constexpr int largestSide = 4096;
+
+PhoneScreen* theScreen = nullptr;
+
+// The size named by VISTANE_SCREEN, as in "240x320".
+QSize screenSize()
+{
+    const QString wanted = qEnvironmentVariable("VISTANE_SCREEN");
+    if (wanted.isEmpty())
+        return defaultSize;
+    const QStringList sides = wanted.split(QLatin1Char('x'));
+    const QSize size = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
+    const auto isUsable = [](int side) { return side >= smallestSide && side <= largestSide; };
+    if (isUsable(size.width()) && isUsable(size.height()))
+        return size;
+    logger(3, "VISTANE_SCREEN is %s, but a size such as 240x320 is wanted; taking that",
+           qUtf8Printable(wanted));
+    return defaultSize;
+}
+
+} // namespace
+
+PhoneScreen* PhoneScreen::instance()
+{
+    return theScreen;
+}
+
+PhoneScreen::PhoneScreen()
+{
+    theScreen = this;
+    setObjectName(QStringLiteral("PhoneScreen"));
+    setWindowTitle(QStringLiteral("Vistane"));
+    setAccessibleName(windowTitle());
+    setFixedSize(screenSize());
+}
+
+PhoneScreen::~PhoneScreen()
+{
+    while (!mLayers.isEmpty())
+        take(mLayers.last().widget);
+    // What was taken off stays a child until its owner deletes it.
+    const QList<QWidget*> left = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (QWidget* layer : left)
+        layer->setParent(nullptr);
+    theScreen = nullptr;
+}
+
+void PhoneScreen::put(QWidget* layer, Layer kind)
+{
+    mLayers.removeIf([layer](const Entry& entry) { return entry.widget == layer; });
+    mLayers.append({layer, kind});
+    if (layer->parentWidget() != this)
+        layer->setParent(this);
+    layer->setGeometry(rect());
+    layer->raise();
+    arrange();
+    if (!isVisible()) {
+        show();
+        // Without a window manager nobody else gives the window the keys.
+        activateWindow();
+    }
+}
+
+void PhoneScreen::take(QWidget* layer)
+{
+    const qsizetype before = mLayers.size();
+    mLayers.removeIf([layer](const Entry& entry) { return entry.widget == layer; });
+    if (mLayers.size() == before)
+        return;
+    arrange();
+    layer->hide();
+}
+
+bool PhoneScreen::isOnTop(const QWidget* layer) const
+{
+    return !mLayers.isEmpty() && mLayers.last().widget == layer;
+}
+
+// Shows the topmost page and everything above it, nothing below, and gives the keys to the topmost layer. What is
+// to be seen is shown before anything is hidden, so that the screen never flashes empty.
+void PhoneScreen::arrange()
+{
+    const auto page = std::find_if(mLayers.crbegin(), mLayers.crend(),
+                                   [](const Entry& entry) { return entry.kind == Layer::Page; });
+    const qsizetype bottom = page == mLayers.crend() ? 0 : mLayers.crend() - page - 1;
+    for (qsizetype i = bottom; i < mLayers.size(); ++i)
+        mLayers[i].widget->setVisible(true);
+    QWidget* top = mLayers.isEmpty() ? this : mLayers.last().widget;
+    top->setFocus();
+    for (qsizetype i = 0; i < bottom; ++i)
+        mLayers[i].widget->setVisible(false);
+}
+
+// The Tab key must not carry the keys to a layer below.
+bool PhoneScreen::focusNextPrevChild(bool /*next*/)
+{
+    return false;
+}
+
+void PhoneScreen::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_End && !event->isAutoRepeat())
+        emit UApplication::instance()->askReturnToIdle(0);
+}
+
+// A window that refuses to close would refuse UApplication::quit() too, so it always goes; when a person closes
+// it, that is the way to the idle screen.
+void PhoneScreen::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    if (event->spontaneous())
+        UApplication::instance()->returnToIdleLater(0);
+}

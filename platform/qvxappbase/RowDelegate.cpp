@@ -1,0 +1,140 @@
+#include "RowDelegate.h"
+
+#include "Look.h"
+#include "UListBox.h"
+#include "UListItem.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+// Between a text that runs through and its next coming.
+constexpr int marqueeGap = 40;
+
+struct RowColors
+{
+    QColor text;
+    QColor quiet;
+};
+
+RowColors colors(bool highlighted, bool enabled)
+{
+    if (highlighted)
+        return enabled ? RowColors{Look::highlightText, Look::highlightQuiet}
+                       : RowColors{Look::highlightGreyed, Look::highlightGreyed};
+    return enabled ? RowColors{Look::text, Look::quiet} : RowColors{Look::greyed, Look::greyed};
+}
+
+// The first line is what the row is about, the others say more in a smaller hand.
+QFont lineFont(qsizetype line)
+{
+    return Look::font(line == 0 ? Look::Text::Row : Look::Text::Value);
+}
+
+void drawRadioMark(QPainter& painter, const QRect& area, const QColor& color, bool checked)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF circle = QRectF(area).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(color, 1.6));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(circle);
+    if (checked) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawEllipse(circle.adjusted(4, 4, -4, -4));
+    }
+    painter.restore();
+}
+
+// Draws one line, elided when it rests, twice with a gap between when it runs through.
+void drawLine(QPainter& painter, const QRect& area, const QString& text, int offset)
+{
+    const Qt::LayoutDirection direction = painter.layoutDirection();
+    const int width = painter.fontMetrics().horizontalAdvance(text);
+    const Qt::Alignment alignment = Qt::AlignLeading | Qt::AlignVCenter;
+    if (width <= area.width() || offset == 0 || offset >= width + marqueeGap) {
+        painter.drawText(area, int(alignment) | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
+        return;
+    }
+    painter.save();
+    painter.setClipRect(area, Qt::IntersectClip);
+    const int sign = direction == Qt::RightToLeft ? 1 : -1;
+    for (int start : {offset, offset - width - marqueeGap}) {
+        QRect run = area.translated(sign * start, 0);
+        if (direction == Qt::RightToLeft)
+            run.setLeft(run.right() - width);
+        else
+            run.setWidth(width + 1);
+        painter.drawText(run, int(alignment) | Qt::TextSingleLine, text);
+    }
+    painter.restore();
+}
+
+} // namespace
+
+RowDelegate::RowDelegate(UListBox* list) : QStyledItemDelegate(list), mList(list) {}
+
+void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const UListItem* item = mList->item(index.row());
+    const bool highlighted = index == mList->currentIndex();
+    const RowColors color = colors(highlighted, item->isEnabled());
+
+    painter->save();
+    painter->setLayoutDirection(option.direction);
+    if (highlighted)
+        painter->fillRect(option.rect, Look::highlight);
+    else
+        painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Look::line);
+
+    QRect area = textArea(option.rect);
+    if (mList->isRadio()) {
+        QRect mark(0, 0, Look::radioSize, Look::radioSize);
+        mark.moveCenter(option.rect.center());
+        mark.moveLeft(Look::margin);
+        drawRadioMark(*painter, QStyle::visualRect(option.direction, option.rect, mark), color.text,
+                      index.row() == mList->radioItemChecked());
+    }
+
+    const int offset = mList->marqueeOffset(index);
+    int top = option.rect.top() + Look::rowPadding;
+    const QStringList& lines = item->lines();
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        painter->setFont(lineFont(i));
+        painter->setPen(i == 0 ? color.text : color.quiet);
+        const int height = painter->fontMetrics().height();
+        drawLine(*painter, QRect(area.left(), top, area.width(), height), lines[i], offset);
+        top += height + Look::lineGap;
+    }
+    painter->restore();
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
+{
+    const qsizetype lines = std::max<qsizetype>(1, mList->item(index.row())->lines().size());
+    static const int first = QFontMetrics(lineFont(0)).height();
+    static const int further = QFontMetrics(lineFont(1)).height() + Look::lineGap;
+    return {Look::margin, 2 * Look::rowPadding + first + static_cast<int>(lines - 1) * further};
+}
+
+int RowDelegate::runLength(const QModelIndex& index) const
+{
+    const UListItem* item = mList->item(index.row());
+    if (!item)
+        return 0;
+    int widest = 0;
+    for (qsizetype i = 0; i < item->lines().size(); ++i)
+        widest = std::max(widest, QFontMetrics(lineFont(i)).horizontalAdvance(item->lines()[i]));
+    return widest > textArea(mList->visualRect(index)).width() ? widest + marqueeGap : 0;
+}
+
+QRect RowDelegate::textArea(const QRect& row) const
+{
+    const int mark = mList->isRadio() ? Look::radioSize + Look::margin : 0;
+    const QRect area = row.adjusted(Look::margin + mark, 0, -Look::margin, 0);
+    return QStyle::visualRect(mList->layoutDirection(), row, area);
+}

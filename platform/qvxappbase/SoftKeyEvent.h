@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QEvent>
+
+// A soft key of a pop-up, pressed by whatever means. It is sent to the pop-up as an event so that a key watcher
+// can take it first.
+class SoftKeyEvent : public QEvent
+{
+public:
+    static constexpr int leftCode = 4152; // the phone's own codes
+    static constexpr int rightCode = 4154;
+
+    static QEvent::Type type();
+
+    // `key` is USoftKey::Left or USoftKey::Right.
+    explicit SoftKeyEvent(int key) : QEvent(type()), mKey(key) {}
+
+    int key() const { return mKey; }
+    int code() const;
+
+private:
+    int mKey;
+};

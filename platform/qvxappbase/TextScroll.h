@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QScrollArea>
+
+class TextBlock;
+
+// A text that may be longer than its place: it scrolls, by key, wheel and scroll mark.
+class TextScroll : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    TextScroll(const QString& text, QWidget* parent);
+
+    // As high as the whole text.
+    QSize sizeHint() const override;
+
+private:
+    TextBlock* mBlock;
+};

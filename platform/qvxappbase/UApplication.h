@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+class PhoneScreen;
+
+// The application object: Qt's, with the phone screen, its look and its fixed texts set up, and the phone's
+// request to return to the idle screen.
+class UApplication : public QApplication
+{
+    Q_OBJECT
+
+public:
+    enum Type { GuiClient = 1 };
+
+    // `argc` and `argv` must outlive the object: Qt keeps looking at them. Reads VISTANE_SCREEN.
+    UApplication(int& argc, char** argv, Type type);
+    ~UApplication() override;
+
+    static UApplication* instance();
+
+    // The widget a program calls its main one; not owned, and null once it is gone.
+    void setMainWidget(QWidget* widget) { mMainWidget = widget; }
+    QWidget* mainWidget() const { return mMainWidget; }
+
+    // Makes the event loop look at its timers and events at once.
+    void wakeUpGuiThread();
+
+    // Emits askReturnToIdle(reason) from the event loop.
+    void returnToIdleLater(int reason);
+
+signals:
+    // The phone wants its idle screen back: every window of the program is to close. `reason` is the phone's.
+    void askReturnToIdle(int reason);
+
+private slots:
+    void receiveReturnToIdle(int reason) { emit askReturnToIdle(reason); }
+
+private:
+    void loadFixedTexts();
+
+    std::unique_ptr<PhoneScreen> mScreen;
+    QPointer<QWidget> mMainWidget;
+};

@@ -1,0 +1,179 @@
+#include "UListBox.h"
+
+#include "Marquee.h"
+#include "PhoneKeys.h"
+#include "RowDelegate.h"
+#include "ScrollMark.h"
+#include "UListItem.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int /*skin*/) : QListWidget(parent)
+{
+    setItemDelegate(new RowDelegate(this));
+    setFrameShape(NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    new ScrollMark(this);
+
+    connect(this, &QListWidget::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
+    connect(this, &QListWidget::currentRowChanged, this, &UListBox::startMarquee);
+}
+
+UListBox::~UListBox() = default;
+
+void UListBox::setRadio(bool radio)
+{
+    mRadio = radio;
+    viewport()->update();
+}
+
+void UListBox::enableMarquee(int /*region*/, bool enabled)
+{
+    delete mMarquee;
+    mMarquee = nullptr;
+    if (!enabled)
+        return;
+    mMarquee = new Marquee(this);
+    connect(mMarquee, &Marquee::moved, this, [this] { viewport()->update(visualRect(currentIndex())); });
+}
+
+void UListBox::insertItem(UListItem* item, int position, bool /*redraw*/)
+{
+    QListWidget::insertItem(position < 0 ? count() : position, item);
+}
+
+void UListBox::removeItem(int row)
+{
+    delete takeItem(row);
+    if (mChecked == row)
+        mChecked = -1;
+    else if (mChecked > row)
+        --mChecked;
+}
+
+UListItem* UListBox::item(int row) const
+{
+    return static_cast<UListItem*>(QListWidget::item(row));
+}
+
+void UListBox::setCurrentItem(int row, bool /*redraw*/)
+{
+    if (count() > 0)
+        setCurrentRow(std::clamp(row, 0, count() - 1));
+}
+
+void UListBox::checkItem(int row, bool checked)
+{
+    if (row < 0 || row >= count())
+        return;
+    if (checked) {
+        mChecked = row;
+        setCurrentItem(row, true);
+    } else if (mChecked == row) {
+        mChecked = -1;
+    }
+    viewport()->update();
+}
+
+int UListBox::radioItemChecked() const
+{
+    return mChecked < count() ? mChecked : -1;
+}
+
+int UListBox::marqueeOffset(const QModelIndex& index) const
+{
+    return mMarquee && index == currentIndex() ? mMarquee->offset() : 0;
+}
+
+// As high as its rows, for whoever wants to show them all.
+QSize UListBox::sizeHint() const
+{
+    int height = 0;
+    for (int row = 0; row < count(); ++row)
+        height += sizeHintForRow(row);
+    return {width(), height};
+}
+
+void UListBox::keyPressEvent(QKeyEvent* event)
+{
+    event->accept();
+    switch (event->key()) {
+    case Qt::Key_Up:
+        setCurrentItem(currentRow() - 1, true);
+        return;
+    case Qt::Key_Down:
+        setCurrentItem(currentRow() + 1, true);
+        return;
+    case Qt::Key_PageUp:
+        setCurrentItem(rowOnePageFrom(currentRow(), -1), true);
+        return;
+    case Qt::Key_PageDown:
+        setCurrentItem(rowOnePageFrom(currentRow(), +1), true);
+        return;
+    default:
+        break;
+    }
+    if (mRadio || !PhoneKeys::isSelect(*event))
+        event->ignore();
+    else if (!event->isAutoRepeat()) // A key that is held must not run down the whole tree.
+        choose(currentRow());
+}
+
+void UListBox::focusInEvent(QFocusEvent* event)
+{
+    QListWidget::focusInEvent(event);
+    startMarquee();
+}
+
+void UListBox::focusOutEvent(QFocusEvent* event)
+{
+    QListWidget::focusOutEvent(event);
+    startMarquee();
+}
+
+void UListBox::resizeEvent(QResizeEvent* event)
+{
+    QListWidget::resizeEvent(event);
+    if (currentIndex().isValid())
+        scrollTo(currentIndex());
+    startMarquee();
+}
+
+// The row that is about a screenful further, in the direction of `step`.
+int UListBox::rowOnePageFrom(int row, int step) const
+{
+    int height = sizeHintForRow(row);
+    while (item(row + step) && height + sizeHintForRow(row + step) <= viewport()->height()) {
+        row += step;
+        height += sizeHintForRow(row);
+    }
+    return row;
+}
+
+void UListBox::choose(int row)
+{
+    const UListItem* chosen = item(row);
+    if (chosen && chosen->isSelectable())
+        emit selected(row);
+}
+
+// The marquee runs only for the list that has the keys; a list under another page or a pop-up rests.
+void UListBox::startMarquee()
+{
+    if (!mMarquee)
+        return;
+    const auto* rows = static_cast<const RowDelegate*>(itemDelegate());
+    const int length = hasFocus() ? rows->runLength(currentIndex()) : 0;
+    if (length > 0)
+        mMarquee->start(length);
+    else
+        mMarquee->stop();
+}

@@ -1,0 +1,175 @@
+#include "UPopup.h"
+
+#include "Look.h"
+#include "PhoneKeys.h"
+#include "PhoneScreen.h"
+#include "SoftKeyEvent.h"
+#include "TextBlock.h"
+#include "UApplication.h"
+#include "USoftKey.h"
+
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+constexpr int captionLines = 2;
+}
+
+UPopup::UPopup(const QString& caption, QWidget* parent, const char* name, bool /*modal*/, int flags)
+    : QWidget(parent, Qt::WindowFlags::fromInt(flags)),
+      mPanel(new QWidget(this)),
+      mContent(new QVBoxLayout(mPanel)),
+      mSoftKeyBar(new USoftKey("CST_2A", this))
+{
+    hide();
+    setObjectName(QString::fromLatin1(name));
+    setAccessibleName(caption);
+    setFocusPolicy(Qt::StrongFocus);
+
+    mPanel->setAutoFillBackground(true);
+    mContent->setContentsMargins(0, Look::margin, 0, Look::margin);
+    mContent->setSpacing(Look::rowPadding);
+    if (!caption.isEmpty()) {
+        auto* block = new TextBlock(Look::font(Look::Text::Caption), Look::text, mPanel, captionLines);
+        block->setText(caption);
+        mContent->addWidget(block);
+    }
+    connect(mSoftKeyBar, &USoftKey::pressed, this, [this](int key) {
+        SoftKeyEvent press(key);
+        QCoreApplication::sendEvent(this, &press);
+    });
+}
+
+UPopup::~UPopup()
+{
+    close(false);
+}
+
+void UPopup::show()
+{
+    if (!mShown) {
+        mShown = true;
+        mIdle = connect(UApplication::instance(), &UApplication::askReturnToIdle, this, &UPopup::returnToIdle);
+    }
+    PhoneScreen::instance()->put(this, PhoneScreen::Layer::Popup);
+    arrange();
+}
+
+int UPopup::exec()
+{
+    QEventLoop loop;
+    mLoop = &loop;
+    mResult = 0;
+    show();
+    if (mShown)
+        loop.exec();
+    mLoop = nullptr;
+    // Still shown when something else ended the loop, as the end of the program does.
+    if (mShown)
+        takeOff(0);
+    disconnect(mIdle);
+    return mResult;
+}
+
+bool UPopup::close(bool alsoDelete)
+{
+    mResult = 0;
+    if (mShown)
+        takeOff(0);
+    if (alsoDelete)
+        delete this;
+    return true;
+}
+
+void UPopup::setSoftkeyTextLeft(const QString& text)
+{
+    mSoftKeyBar->setText(USoftKey::Left, text);
+}
+
+void UPopup::setSoftkeyTextRight(const QString& text)
+{
+    mSoftKeyBar->setText(USoftKey::Right, text);
+}
+
+bool UPopup::event(QEvent* event)
+{
+    if (event->type() != SoftKeyEvent::type())
+        return QWidget::event(event);
+    answer(static_cast<SoftKeyEvent*>(event)->key());
+    return true;
+}
+
+void UPopup::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Look::dim);
+}
+
+void UPopup::resizeEvent(QResizeEvent* /*event*/)
+{
+    arrange();
+}
+
+void UPopup::keyPressEvent(QKeyEvent* event)
+{
+    const std::optional<USoftKey::Key> key =
+        PhoneKeys::isSelect(*event) ? USoftKey::Left : PhoneKeys::softKey(*event);
+    if (!key) {
+        event->ignore();
+        return;
+    }
+    // Accepted first: the key may delete this pop-up. A key that is still held from before does not answer.
+    event->accept();
+    if (!event->isAutoRepeat())
+        mSoftKeyBar->press(*key);
+}
+
+// Signals come last: whoever gets them may delete this pop-up.
+void UPopup::answer(int key)
+{
+    const bool confirmed = key == USoftKey::Left;
+    if (!mShown || (confirmed && !mayConfirm()))
+        return;
+    takeOff(confirmed ? 1 : 0);
+    if (confirmed)
+        emit leftSoftkeyClicked();
+    else
+        emit cancelled();
+}
+
+// While exec() has not returned, a return to idle still turns the answer into 0, so it stays connected.
+void UPopup::takeOff(int result)
+{
+    mShown = false;
+    mResult = result;
+    if (PhoneScreen* screen = PhoneScreen::instance())
+        screen->take(this);
+    if (mLoop)
+        mLoop->quit();
+    else
+        disconnect(mIdle);
+}
+
+void UPopup::returnToIdle()
+{
+    mResult = 0;
+    if (!mShown)
+        return;
+    takeOff(0);
+    emit dismissed();
+}
+
+void UPopup::arrange()
+{
+    const int barTop = height() - mSoftKeyBar->height();
+    mSoftKeyBar->setGeometry(0, barTop, width(), mSoftKeyBar->height());
+    mContent->invalidate();
+    const int wanted = mContent->hasHeightForWidth() ? mContent->totalHeightForWidth(width())
+                                                     : mContent->totalSizeHint().height();
+    const int panelHeight = std::min(wanted, height() * Look::popupShare / 100 - mSoftKeyBar->height());
+    mPanel->setGeometry(0, barTop - panelHeight, width(), panelHeight);
+}

@@ -1,0 +1,40 @@
+#include "USingleSelectDlg.h"
+
+#include "Look.h"
+#include "TextBlock.h"
+#include "UListBox.h"
+#include "UListItem.h"
+
+#include <QVBoxLayout>
+
+namespace {
+constexpr int instructionLines = 3;
+}
+
+USingleSelectDlg::USingleSelectDlg(const QString& caption, const QString& instruction, QWidget* parent,
+                                   const char* name, bool modal, int flags, int)
+    : UPopup(caption, parent, name, modal, flags), mListBox(new UListBox(QString(), this))
+{
+    if (!instruction.isEmpty()) {
+        auto* block = new TextBlock(Look::font(Look::Text::Body), Look::quiet, this, instructionLines);
+        block->setText(instruction);
+        content()->addWidget(block);
+    }
+    mListBox->setRadio(true);
+    mListBox->enableMarquee(0, true);
+    content()->addWidget(mListBox);
+    setKeyReceiver(mListBox);
+    setSoftkeyTextLeft(UPopup::tr("TXT_RID_SOFTKEY_OK", "OK"));
+    setSoftkeyTextRight(UPopup::tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"));
+    connect(mListBox, &UListBox::selected, this, [this](int row) { mListBox->checkItem(row, true); });
+}
+
+bool USingleSelectDlg::mayConfirm()
+{
+    const int row = mListBox->currentRow();
+    const UListItem* choice = mListBox->item(row);
+    if (!choice || !choice->isSelectable())
+        return false;
+    mListBox->checkItem(row, true);
+    return true;
+}

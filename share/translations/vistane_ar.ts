@@ -1,0 +1,50 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar">
+<context>
+    <name>vtmenu::MenuViewer</name>
+    <message>
+        <source>TXT_RID_SOFTKEY_BACK</source>
+        <comment>Back</comment>
+        <translation>رجوع</translation>
+    </message>
+</context>
+<context>
+    <name>vtmenu::DetailViewer</name>
+    <message>
+        <source>TXT_RID_SOFTKEY_REFRESH</source>
+        <comment>Refresh</comment>
+        <translation>تحديث</translation>
+    </message>
+    <message>
+        <source>TXT_RID_SOFTKEY_BACK</source>
+        <comment>Back</comment>
+        <translation>رجوع</translation>
+    </message>
+</context>
+<context>
+    <name>UPopup</name>
+    <message>
+        <source>TXT_RID_SOFTKEY_OK</source>
+        <comment>OK</comment>
+        <translation>موافق</translation>
+    </message>
+    <message>
+        <source>TXT_RID_SOFTKEY_CANCEL</source>
+        <comment>Cancel</comment>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>TXT_RID_SOFTKEY_HIDE</source>
+        <comment>Hide</comment>
+        <translation>إخفاء</translation>
+    </message>
+</context>
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>QT_LAYOUT_DIRECTION</source>
+        <translation>RTL</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,43 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en">
+<context>
+    <name>vtmenu::MenuViewer</name>
+    <message>
+        <source>TXT_RID_SOFTKEY_BACK</source>
+        <comment>Back</comment>
+        <translation>Back</translation>
+    </message>
+</context>
+<context>
+    <name>vtmenu::DetailViewer</name>
+    <message>
+        <source>TXT_RID_SOFTKEY_REFRESH</source>
+        <comment>Refresh</comment>
+        <translation>Refresh</translation>
+    </message>
+    <message>
+        <source>TXT_RID_SOFTKEY_BACK</source>
+        <comment>Back</comment>
+        <translation>Back</translation>
+    </message>
+</context>
+<context>
+    <name>UPopup</name>
+    <message>
+        <source>TXT_RID_SOFTKEY_OK</source>
+        <comment>OK</comment>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>TXT_RID_SOFTKEY_CANCEL</source>
+        <comment>Cancel</comment>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>TXT_RID_SOFTKEY_HIDE</source>
+        <comment>Hide</comment>
+        <translation>Hide</translation>
+    </message>
+</context>
+</TS>

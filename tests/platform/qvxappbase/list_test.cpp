@@ -1,0 +1,139 @@
+#include "Screen.h"
+#include "UKbMainWidget.h"
+#include "UListBox.h"
+#include "UListBoxItem.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ListPage
+{
+    UKbMainWidget page;
+    UListBox* list = new UListBox(QStringLiteral("%M"), &page);
+    QSignalSpy selected{list, &UListBox::selected};
+
+    explicit ListPage(int rows)
+    {
+        page.setContentWidget(list);
+        for (int i = 0; i < rows; ++i)
+            list->insertItem(new UListBoxItem(list, QString::number(i)), -1, true);
+        list->setCurrentItem(0, true);
+        page.show();
+        Screen::settle();
+    }
+
+    void grey(int row)
+    {
+        list->item(row)->setEnabled(false);
+        list->item(row)->setSelectable(false);
+    }
+};
+
+TEST(List, KeysMoveTheHighlightAndStopAtTheEnds)
+{
+    struct Case
+    {
+        const char* what;
+        int start;
+        std::initializer_list<Qt::Key> keys;
+        int end;
+    };
+    const Case cases[] = {
+        {"down", 0, {Qt::Key_Down}, 1},
+        {"up at the top", 0, {Qt::Key_Up}, 0},
+        {"down at the bottom", 29, {Qt::Key_Down}, 29},
+        {"over a greyed row", 3, {Qt::Key_Down, Qt::Key_Down}, 5},
+        {"onto a greyed row", 5, {Qt::Key_Up}, 4},
+        {"a page down from a greyed row leaves it", 4, {Qt::Key_PageDown, Qt::Key_PageUp}, 4},
+        {"a page up at the top", 0, {Qt::Key_PageUp}, 0},
+        {"letters do not search", 0, {Qt::Key_2, Qt::Key_9}, 0},
+    };
+    ListPage page(30);
+    page.grey(4);
+    for (const Case& c : cases) {
+        page.list->setCurrentItem(c.start, true);
+        Screen::press(c.keys);
+        EXPECT_EQ(page.list->currentRow(), c.end) << c.what;
+    }
+    page.list->setCurrentItem(0, true);
+    Screen::press({Qt::Key_PageDown});
+    EXPECT_GT(page.list->currentRow(), 4) << "a page is more than a few rows";
+    EXPECT_LT(page.list->currentRow(), 20) << "and no more than the screen shows";
+}
+
+TEST(List, ARowIsChosenOnceByKeyAndByTapUnlessItIsGreyed)
+{
+    ListPage page(3);
+    page.grey(1);
+    const auto tap = [&page](int row) {
+        QTest::mouseClick(page.list->viewport(), Qt::LeftButton, {},
+                          page.list->visualItemRect(page.list->item(row)).center());
+    };
+
+    Screen::press({Qt::Key_Return});
+    tap(2);
+    ASSERT_EQ(page.selected.size(), 2);
+    EXPECT_EQ(page.selected[0][0].toInt(), 0);
+    EXPECT_EQ(page.selected[1][0].toInt(), 2);
+
+    tap(1);
+    page.list->setCurrentItem(1, true);
+    Screen::press({Qt::Key_Return});
+    EXPECT_EQ(page.selected.size(), 2) << "greyed";
+
+    page.list->setCurrentItem(0, true);
+    Screen::hold(Qt::Key_Return, 20);
+    EXPECT_EQ(page.selected.size(), 3) << "a key that is held chooses once";
+}
+
+TEST(List, IndexesThatAreNotThere)
+{
+    ListPage page(3);
+    UListBox& list = *page.list;
+    list.setRadio(true);
+
+    EXPECT_EQ(list.item(-1), nullptr);
+    EXPECT_EQ(list.item(3), nullptr);
+    list.setCurrentItem(7, true);
+    EXPECT_EQ(list.currentRow(), 2) << "past the end is the last row";
+    EXPECT_EQ(list.radioItemChecked(), -1);
+    list.checkItem(3, true);
+    EXPECT_EQ(list.radioItemChecked(), -1);
+    list.checkItem(2, true);
+    list.removeItem(0);
+    EXPECT_EQ(list.radioItemChecked(), 1) << "the mark stays with its row";
+    list.removeItem(9);
+    EXPECT_EQ(list.count(), 2);
+    list.clear();
+    EXPECT_EQ(list.radioItemChecked(), -1);
+    list.setCurrentItem(0, true);
+    Screen::press({Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Return});
+    EXPECT_EQ(page.selected.size(), 0);
+}
+
+TEST(List, TheMarqueeRunsOnTopTwiceAndRests)
+{
+    ListPage page(1);
+    page.list->item(0)->appendSubItem(0, QStringLiteral("a text that is too long for the width of the phone"),
+                                      false);
+    page.list->enableMarquee(0, true);
+    page.list->setCurrentItem(0, true);
+    const QModelIndex row = page.list->currentIndex();
+
+    page.list->clearFocus();
+    page.list->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return page.list->marqueeOffset(row) > 0; }, 5000));
+
+    UKbMainWidget above;
+    above.show();
+    Screen::settle();
+    EXPECT_EQ(page.list->marqueeOffset(row), 0) << "what is covered rests";
+    QTest::qWait(1500);
+    EXPECT_EQ(page.list->marqueeOffset(row), 0);
+}
+
+} // namespace

@@ -1,0 +1,107 @@
+#include "PhoneScreen.h"
+#include "Screen.h"
+#include "UApplication.h"
+#include "UKbMainWidget.h"
+#include "UListBox.h"
+#include "UMessageDlg.h"
+#include "USoftKey.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Page : UKbMainWidget
+{
+    UListBox* list = new UListBox(QString(), this);
+    USoftKey* keys = new USoftKey("CST_2A", this, this);
+    QSignalSpy pressed{keys, &USoftKey::pressed};
+
+    Page()
+    {
+        setContentWidget(list);
+        setCSTWidget(keys);
+    }
+};
+
+TEST(Page, OnlyTheTopmostHasTheKeysAndTheyGoBackWhenItCloses)
+{
+    Page below;
+    below.show();
+    {
+        Page above;
+        above.show();
+        Screen::press({Qt::Key_F2});
+        EXPECT_EQ(above.pressed.size(), 1);
+        EXPECT_EQ(below.pressed.size(), 0);
+        Screen::press({Qt::Key_Tab, Qt::Key_F2});
+        EXPECT_EQ(above.pressed.size(), 2) << "Tab does not lead below";
+    }
+    Screen::press({Qt::Key_F2});
+    EXPECT_EQ(below.pressed.size(), 1) << "deleted without being closed, a page still gives the keys back";
+    below.close(false);
+    Screen::press({Qt::Key_F2});
+    EXPECT_EQ(below.pressed.size(), 1);
+}
+
+TEST(Page, SoftKeysHaveTheirKeysAndTapsAndDoNotRepeat)
+{
+    Page page;
+    page.show();
+    Screen::press({Qt::Key_F1, Qt::Key_F9, Qt::Key_F2, Qt::Key_F11, Qt::Key_Escape});
+    QTest::mouseClick(page.keys->childAt(20, 10), Qt::LeftButton);
+    QTest::mouseClick(page.keys->childAt(220, 10), Qt::LeftButton);
+    Screen::hold(Qt::Key_F1, 10);
+
+    QList<int> keys;
+    for (const QList<QVariant>& press : page.pressed)
+        keys += press[0].toInt();
+    EXPECT_EQ(keys, (QList<int>{0, 0, 1, 1, 1, 0, 1, 0}));
+}
+
+TEST(Page, TheRedKeyAsksForTheIdleScreenFromEverywhere)
+{
+    QSignalSpy idle(UApplication::instance(), &UApplication::askReturnToIdle);
+    Page page;
+    page.show();
+    Screen::press({Qt::Key_End});
+    ASSERT_EQ(idle.size(), 1);
+    EXPECT_EQ(idle[0][0].toInt(), 0);
+
+    UMessageDlg popup(QStringLiteral("caption"), QStringLiteral("text"), 0, 0);
+    popup.show();
+    Screen::press({Qt::Key_End});
+    EXPECT_EQ(idle.size(), 2);
+    EXPECT_FALSE(PhoneScreen::instance()->isOnTop(&popup));
+}
+
+// Pages outlive the screen when a program ends with its menus open.
+TEST(Page, TheScreenLetsGoOfWhatIsStillThere)
+{
+    auto* page = new Page;
+    auto* closed = new Page;
+    {
+        PhoneScreen other;
+        other.put(page, PhoneScreen::Layer::Page);
+        other.put(closed, PhoneScreen::Layer::Page);
+        other.take(closed);
+    }
+    EXPECT_EQ(page->parent(), nullptr);
+    EXPECT_EQ(closed->parent(), nullptr);
+    delete page;
+    delete closed;
+}
+
+TEST(Page, QuittingIsNeverRefused)
+{
+    Page page;
+    page.show();
+    UMessageDlg popup(QString(), QString(), 0, 0);
+    popup.show();
+    Screen::later([] { QCoreApplication::quit(); });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+}
+
+} // namespace
