@@ -80,6 +80,8 @@ RowDelegate::RowDelegate(UListBox* list) : QStyledItemDelegate(list), mList(list
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
+    if (!mList->isWhollyVisible(option.rect))
+        return;
     const UListItem* item = mList->item(index.row());
     const bool highlighted = index == mList->currentIndex();
     const RowColors color = colors(highlighted, item->isEnabled());

@@ -46,7 +46,9 @@ TextBlock::TextBlock(const QFont& font, const QColor& color, QWidget* parent, in
     setSizePolicy(blockPolicy());
     mLayout.setFont(mFont);
     mLayout.setCacheEnabled(true);
-    QTextOption option;
+    QTextOption option(Qt::AlignAbsolute |
+                       (layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft));
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     mLayout.setTextOption(option);
 }

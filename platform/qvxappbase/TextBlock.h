@@ -4,7 +4,7 @@
 #include <QWidget>
 
 // A plain text, wrapped at the widget's width: at words where it can, anywhere where it must. Line feeds break lines;
-// nothing in the text is markup. Its direction is the text's own.
+// nothing in the text is markup. The text keeps its own direction but stands at the screen's leading edge.
 class TextBlock : public QWidget
 {
     Q_OBJECT

@@ -14,6 +14,7 @@ public:
 
     // As high as the whole text.
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {}; }
 
 private:
     TextBlock* mBlock;

@@ -17,7 +17,7 @@ UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int 
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerItem);
     setSelectionMode(NoSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
@@ -91,6 +91,11 @@ int UListBox::radioItemChecked() const
 int UListBox::marqueeOffset(const QModelIndex& index) const
 {
     return mMarquee && index == currentIndex() ? mMarquee->offset() : 0;
+}
+
+bool UListBox::isWhollyVisible(const QRect& row) const
+{
+    return row.top() >= 0 && (row.bottom() < viewport()->height() || row.height() > viewport()->height());
 }
 
 // As high as its rows, for whoever wants to show them all.

@@ -41,7 +41,11 @@ public:
     // How far the marquee has moved `index`'s lines, in pixels.
     int marqueeOffset(const QModelIndex& index) const;
 
+    // Only rows that have room to the last pixel are shown; the place of one that has not stays empty.
+    bool isWhollyVisible(const QRect& row) const;
+
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {}; }
 
 signals:
     // A person chose this row. Emitted once a choice, and never for a row that is not selectable. The list may
