@@ -41,6 +41,11 @@ struct OperatorPack
 
     // The device facts there are: imsi, msisdn, home_network and so on.
     static std::span<const std::string_view> factNames();
+    static bool isFact(std::string_view name);
+    // The text that a value of a fact is kept as. "roaming" is an integer, "friendly" and
+    // "user_select_profile" are true or false, each also as a text; the others are texts, and the empty text
+    // means that the device can't tell. False, leaving `text` alone, for any other value or name.
+    static bool factText(std::string_view name, const SettingValue& value, std::string& text);
 
     // Reads a pack from JSON. On failure `pack` is left alone and `error` names what is wrong: the line and
     // column of a syntax error, or the group and key (or the section and the name) of a wrong value.

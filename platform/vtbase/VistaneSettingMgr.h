@@ -11,7 +11,7 @@
 class VistaneSettingMgr
 {
 public:
-    // The process-wide store; opened by the first operation, never closed.
+    // The process-wide store; opened by the first operation, closed when the program ends.
     static VistaneSettingMgr* getSettingMgrInstance();
 
     int getInt(int group, const char* key, int& value);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+class EventDispatcher;
 class Vt_Event;
 class Vt_EventHandler;
 
@@ -34,6 +35,5 @@ private:
     Vt_EventAndStatusFacade();
     ~Vt_EventAndStatusFacade();
 
-    class Bus;
-    std::unique_ptr<Bus> mBus;
+    std::unique_ptr<EventDispatcher> mDispatcher;
 };

@@ -1,0 +1,315 @@
+#include "CoreStore.h"
+
+#include "StoreFile.h"
+#include "StoreQueries.h"
+#include "StoreSchema.h"
+#include "StoreTransaction.h"
+
+#include <QStandardPaths>
+#include <QtGlobal>
+
+#include <sqlite3.h>
+
+#include <filesystem>
+
+using Run = Sqlite::Statement::Run;
+
+struct CoreStore::Database
+{
+    Sqlite::Connection connection;
+    StoreQueries queries;
+    bool onDisk = false;
+};
+
+namespace {
+
+struct Current
+{
+    std::string path;
+    std::unique_ptr<CoreStore> store;
+};
+
+std::string defaultPath()
+{
+    if (const QByteArray path = qgetenv("VISTANE_DB"); !path.isEmpty())
+        return path.toStdString();
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return folder.toStdString() + "/vistane/core.db";
+}
+
+// Closed when the program ends, so that SQLite tidies up its companion files.
+Current& current()
+{
+    static Current current = {defaultPath(), nullptr};
+    return current;
+}
+
+int readStatus(int result)
+{
+    switch (result & 0xff) {
+    case SQLITE_OK:
+    case SQLITE_ROW:
+    case SQLITE_DONE:
+        return STORE_OK;
+    case SQLITE_BUSY:
+        return STORE_BUSY;
+    default:
+        return STORE_FAILED;
+    }
+}
+
+int writeStatus(int result)
+{
+    switch (result & 0xff) {
+    case SQLITE_READONLY:
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+        return STORE_UNWRITABLE;
+    default:
+        return readStatus(result);
+    }
+}
+
+template <typename... Values>
+int runWrite(Sqlite::Statement& statement, const Values&... values)
+{
+    return writeStatus(Run(statement, values...).step());
+}
+
+// A change of rows that must be there.
+template <typename... Values>
+int runChange(Sqlite::Connection& connection, Sqlite::Statement& statement, const Values&... values)
+{
+    const int status = runWrite(statement, values...);
+    return status == STORE_OK && connection.changes() == 0 ? STORE_NOT_FOUND : status;
+}
+
+// Calls `readRow` with each row of a run.
+template <typename ReadRow>
+int forEachRow(Sqlite::Statement& statement, ReadRow readRow)
+{
+    Run run(statement);
+    int result = run.step();
+    for (; result == SQLITE_ROW; result = run.step())
+        readRow(run);
+    return readStatus(result);
+}
+
+// The first column of the only row.
+template <typename... Values>
+int readText(std::string& text, Sqlite::Statement& statement, const Values&... values)
+{
+    Run run(statement, values...);
+    const int result = run.step();
+    if (result == SQLITE_DONE)
+        return STORE_NOT_FOUND;
+    if (result == SQLITE_ROW)
+        text = run.text(0);
+    return readStatus(result);
+}
+
+// A value out of the columns `type` and the next one. A text goes into the string that `value` may hold.
+void readValue(const Run& run, int type, SettingValue& value)
+{
+    switch (run.number(type)) {
+    case 0:
+        value = run.number(type + 1);
+        break;
+    case 1:
+        value = run.number(type + 1) != 0;
+        break;
+    default:
+        if (auto* text = std::get_if<std::string>(&value))
+            *text = run.text(type + 1);
+        else
+            value = std::string(run.text(type + 1));
+    }
+}
+
+// Columns as of ListPack and ListSettings.
+OperatorPack::Setting readSetting(const Run& row)
+{
+    OperatorPack::Setting setting = {row.number(0), std::string(row.text(1)), {}};
+    readValue(row, 2, setting.value);
+    return setting;
+}
+
+// Hands over what was read, unless the reading failed.
+template <typename Result>
+int answer(int status, Result& result, Result& output)
+{
+    if (status == STORE_OK)
+        output = std::move(result);
+    return status;
+}
+
+} // namespace
+
+CoreStore& CoreStore::instance()
+{
+    if (!current().store)
+        current().store = std::make_unique<CoreStore>(current().path);
+    return *current().store;
+}
+
+void CoreStore::use(const std::string& path)
+{
+    current().store.reset();
+    current().path = path;
+}
+
+CoreStore::CoreStore(std::string path) : mDatabase(std::make_unique<Database>())
+{
+    // A bare name could mean something to SQLite, as ":memory:" does.
+    std::error_code error;
+    const std::string absolute = std::filesystem::absolute(path, error).string();
+    mDatabase->onDisk = StoreFile::open(absolute, mDatabase->connection);
+    mDatabase->queries.prepare(mDatabase->connection);
+}
+
+CoreStore::~CoreStore() = default;
+
+bool CoreStore::isOnDisk() const
+{
+    return mDatabase->onDisk;
+}
+
+int CoreStore::read(int group, std::string_view key, SettingValue& value)
+{
+    Run run(mDatabase->queries[StoreQueries::ReadSetting], group, key);
+    const int result = run.step();
+    if (result == SQLITE_DONE)
+        return STORE_NOT_FOUND;
+    if (result == SQLITE_ROW)
+        readValue(run, 0, value);
+    return readStatus(result);
+}
+
+int CoreStore::write(int group, std::string_view key, const SettingValue& value)
+{
+    return std::visit(
+        [&](const auto& bare) {
+            return runWrite(mDatabase->queries[StoreQueries::WriteSetting], group, key,
+                            static_cast<int>(value.index()), bare);
+        },
+        value);
+}
+
+int CoreStore::reset(int group, std::string_view key)
+{
+    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::ResetSetting], group, key);
+}
+
+int CoreStore::list(std::vector<Listed>& settings)
+{
+    std::vector<Listed> result;
+    const int status = forEachRow(mDatabase->queries[StoreQueries::ListSettings], [&](const Run& row) {
+        result.push_back({readSetting(row), static_cast<Layer>(row.number(4))});
+    });
+    return answer(status, result, settings);
+}
+
+int CoreStore::installPack(const OperatorPack& pack)
+{
+    StoreTransaction transaction(mDatabase->connection);
+    int result = transaction.result();
+    if (result == SQLITE_OK)
+        result = StoreSchema::writePack(mDatabase->connection, pack);
+    if (result == SQLITE_OK)
+        result = transaction.commit();
+    return writeStatus(result);
+}
+
+int CoreStore::exportPack(OperatorPack& pack)
+{
+    // All of it as of one moment, whatever another process writes meanwhile.
+    if (const int result = mDatabase->connection.execute("BEGIN"); result != SQLITE_OK)
+        return readStatus(result);
+    OperatorPack result;
+    int status = forEachRow(mDatabase->queries[StoreQueries::ListPack],
+                            [&](const Run& row) { result.settings.push_back(readSetting(row)); });
+    if (status == STORE_OK)
+        status = forEachRow(mDatabase->queries[StoreQueries::ListFacts],
+                            [&](const Run& row) { result.device[std::string(row.text(0))] = row.text(1); });
+    if (status == STORE_OK)
+        status = channels(result.channels.emplace());
+    if (status == STORE_OK)
+        status = profiles(result.profiles.emplace());
+    mDatabase->connection.execute("COMMIT");
+    return answer(status, result, pack);
+}
+
+int CoreStore::fact(std::string_view name, std::string& value)
+{
+    return readText(value, mDatabase->queries[StoreQueries::ReadFact], name);
+}
+
+int CoreStore::setFact(std::string_view name, std::string_view value)
+{
+    if (!OperatorPack::isFact(name))
+        return STORE_NOT_FOUND;
+    std::string text;
+    if (!OperatorPack::factText(name, std::string(value), text))
+        return STORE_WRONG_TYPE;
+    return runWrite(mDatabase->queries[StoreQueries::WriteFact], name, text);
+}
+
+int CoreStore::channels(std::vector<OperatorPack::Channel>& channels)
+{
+    std::vector<OperatorPack::Channel> result;
+    const int status = forEachRow(mDatabase->queries[StoreQueries::ListChannels], [&](const Run& row) {
+        OperatorPack::Channel& channel = result.emplace_back();
+        channel.id = row.text(0);
+        if (!row.isNull(1))
+            channel.title = row.text(1);
+    });
+    return answer(status, result, channels);
+}
+
+int CoreStore::addChannel(const OperatorPack::Channel& channel)
+{
+    Sqlite::Statement& statement = mDatabase->queries[StoreQueries::WriteChannel];
+    return channel.title ? runWrite(statement, channel.id, *channel.title)
+                         : runWrite(statement, channel.id, nullptr);
+}
+
+int CoreStore::removeChannel(std::string_view id)
+{
+    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::RemoveChannel], id);
+}
+
+int CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
+{
+    std::vector<OperatorPack::Profile> result;
+    const int status = forEachRow(mDatabase->queries[StoreQueries::ListProfiles], [&](const Run& row) {
+        result.push_back({std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0});
+    });
+    return answer(status, result, profiles);
+}
+
+int CoreStore::addProfile(const OperatorPack::Profile& profile)
+{
+    return runWrite(mDatabase->queries[StoreQueries::WriteProfile], profile.id, profile.name,
+                    profile.selectable);
+}
+
+int CoreStore::removeProfile(std::string_view id)
+{
+    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::RemoveProfile], id);
+}
+
+int CoreStore::currentProfile(std::string& id)
+{
+    const int status = readText(id, mDatabase->queries[StoreQueries::ReadCurrent]);
+    if (status != STORE_NOT_FOUND)
+        return status;
+    id.clear();
+    return STORE_OK;
+}
+
+int CoreStore::setCurrentProfile(std::string_view id)
+{
+    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::WriteCurrent], id);
+}

@@ -1,0 +1,46 @@
+#include "NR_ContentCache.h"
+
+#include "CoreStore.h"
+#include "vtString.h"
+
+#include <algorithm>
+
+namespace {
+
+const vtTypes::ID userChannels("container1");
+
+} // namespace
+
+NR_ContentCache* NR_ContentCache::getInstance()
+{
+    static NR_ContentCache cache;
+    return &cache;
+}
+
+int NR_ContentCache::get(const vtTypes::ID& id, Container& container)
+{
+    if (id != userChannels)
+        return STORE_NOT_FOUND;
+    std::vector<OperatorPack::Channel> channels;
+    if (const int status = CoreStore::instance().channels(channels); status != STORE_OK)
+        return status;
+    container.children.clear();
+    for (const OperatorPack::Channel& channel : channels)
+        container.children.emplace_back(channel.id);
+    return STORE_OK;
+}
+
+int NR_ContentCache::get(const vtTypes::ID& id, Channel& channel)
+{
+    std::vector<OperatorPack::Channel> channels;
+    if (const int status = CoreStore::instance().channels(channels); status != STORE_OK)
+        return status;
+    const auto found = std::find_if(channels.begin(), channels.end(),
+                                    [&](const OperatorPack::Channel& one) { return one.id == id.text(); });
+    if (found == channels.end() || !found->title)
+        return STORE_NOT_FOUND;
+    if (!vtStringFromUtf8(*found->title, channel.title))
+        return STORE_FAILED;
+    channel.id = id;
+    return STORE_OK;
+}

@@ -1,0 +1,92 @@
+#include "NR_EngineUtils.h"
+
+#include "CoreStore.h"
+#include "DeviceFacts.h"
+#include "VistaneSettingMgr.h"
+
+#include <QByteArray>
+
+#include <string_view>
+
+namespace {
+
+enum DownloadOption { DownloadAlways = 0, DownloadAtHome = 1, DownloadNever = 2 };
+
+struct Macro
+{
+    std::string_view name;
+    std::string_view fact;
+};
+
+constexpr Macro macros[] = {
+    {"@DEVICE_MODEL@", "model"},
+    {"@DP_CLIENT_SW_VERSION@", "sw_version"},
+    {"@DPP_VERSION@", "dpp_version"},
+    {"@MSISDN@", "msisdn"},
+};
+
+// The macro that `text` begins with, or null.
+const Macro* macroAt(std::string_view text)
+{
+    for (const Macro& macro : macros)
+        if (text.starts_with(macro.name))
+            return &macro;
+    return nullptr;
+}
+
+std::string fillIn(const Macro& macro)
+{
+    std::string value;
+    CoreStore::instance().fact(macro.fact, value);
+    return QByteArray::fromStdString(value).toPercentEncoding().toStdString();
+}
+
+// A device that can't tell where it is counts as being at home, as on the details page.
+bool isAtHome()
+{
+    int roaming = 0;
+    bool friendly = false;
+    DeviceFacts::get("roaming", roaming);
+    return roaming == 0 || (DeviceFacts::get("friendly", friendly) == STORE_OK && friendly);
+}
+
+} // namespace
+
+int NR_EngineUtils::getDownloadOptionSetting(int& option)
+{
+    static const int group = settingGroupNumber("VtCore.Service");
+    return VistaneSettingMgr::getSettingMgrInstance()->getInt(group, "DownloadOption", option);
+}
+
+int NR_EngineUtils::friendlyNetworkStatus(bool& friendly)
+{
+    return DeviceFacts::get("friendly", friendly);
+}
+
+bool NR_EngineUtils::isDownloadOptionNever()
+{
+    int option = DownloadAlways;
+    return getDownloadOptionSetting(option) == STORE_OK && option == DownloadNever;
+}
+
+bool NR_EngineUtils::isNetworkAccessAllowed()
+{
+    int option = DownloadNever;
+    if (getDownloadOptionSetting(option) != STORE_OK)
+        return false;
+    return option == DownloadAlways || (option == DownloadAtHome && isAtHome());
+}
+
+void NR_EngineUtils::replacePatternsInURL(std::string& url)
+{
+    std::string filled;
+    for (size_t at = 0; at < url.size();) {
+        if (const Macro* macro = macroAt(std::string_view(url).substr(at))) {
+            filled += fillIn(*macro);
+            at += macro->name.size();
+        } else {
+            filled += url[at++];
+        }
+    }
+    url = std::move(filled);
+}

@@ -1,0 +1,155 @@
+#include "EventWire.h"
+#include "HostBus.h"
+#include "LogCapture.h"
+#include "Vt_EventAndStatusFacade.h"
+#include "Vt_EventHandler.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+class Handler : public Vt_EventHandler
+{
+public:
+    explicit Handler(const std::string& name) : Vt_EventHandler(name) {}
+
+    void handleEvent(const Vt_Event& event) override
+    {
+        received.push_back(event);
+        if (then)
+            then();
+    }
+
+    std::vector<Vt_Event> received;
+    std::function<void()> then;
+};
+
+Vt_EventAndStatusFacade& bus()
+{
+    return *Vt_EventAndStatusFacade::instance();
+}
+
+// Runs the event loop until everything sent so far has arrived.
+void settle()
+{
+    Handler end("END");
+    bus().sendEvent(Vt_Event("END"), 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !end.received.empty(); }, 5000));
+}
+
+void sendRaw(const QVariantList& arguments)
+{
+    ASSERT_TRUE(HostBus::send(EventWire::path, EventWire::interface, EventWire::signal, arguments));
+}
+
+} // namespace
+
+TEST(Event, ArrivesWholeAndOnlyFromTheEventLoop)
+{
+    Handler handler("A");
+    const auto parameters =
+        std::make_shared<const Vt_Event::Parameters>(Vt_Event::Parameters{{"free", "12 K"}, {"", "\xc3\xa4"}});
+    EXPECT_EQ(bus().sendEvent(Vt_Event("A", -7, parameters, "wac\n\xc3\xb6"), 3), 0);
+    EXPECT_EQ(bus().sendEvent(Vt_Event("A", 1, std::make_shared<const Vt_Event::Parameters>()), 0), 0);
+    EXPECT_EQ(bus().sendEvent(Vt_Event("A", 2), 0), 0);
+    EXPECT_EQ(bus().sendEvent(Vt_Event("B"), 0), 0);
+    EXPECT_TRUE(handler.received.empty());
+    settle();
+
+    ASSERT_EQ(handler.received.size(), 3u);
+    EXPECT_EQ(handler.received[0].name(), "A");
+    EXPECT_EQ(handler.received[0].value(), -7);
+    EXPECT_EQ(*handler.received[0].parameters(), *parameters);
+    EXPECT_EQ(handler.received[0].text(), "wac\n\xc3\xb6");
+    ASSERT_TRUE(handler.received[1].parameters());
+    EXPECT_TRUE(handler.received[1].parameters()->empty());
+    EXPECT_FALSE(handler.received[2].parameters());
+}
+
+TEST(Event, HandlersComeAndGoDuringDelivery)
+{
+    auto first = std::make_unique<Handler>("A");
+    auto second = std::make_unique<Handler>("A");
+    std::unique_ptr<Handler> late;
+    first->then = [&] {
+        second.reset();
+        late = std::make_unique<Handler>("A");
+        first->then = nullptr;
+    };
+    bus().addEventHandler("A", first.get());
+    bus().sendEvent(Vt_Event("A", 1), 0);
+    settle();
+    EXPECT_EQ(first->received.size(), 1u);
+    ASSERT_TRUE(late);
+    EXPECT_TRUE(late->received.empty());
+
+    Handler itself("B");
+    bus().addEventHandler("C", &itself);
+    itself.then = [&] { bus().removeEventHandler(&itself); };
+    bus().sendEvent(Vt_Event("B"), 0);
+    bus().sendEvent(Vt_Event("C"), 0);
+    settle();
+    EXPECT_EQ(itself.received.size(), 1u);
+    bus().removeEventHandler("B", &itself);
+    bus().removeEventHandler(&itself);
+}
+
+TEST(Event, AHandlerMayRunAnEventLoop)
+{
+    Handler outer("A");
+    outer.then = [&] {
+        if (outer.received.size() == 1)
+            settle();
+    };
+    bus().sendEvent(Vt_Event("A", 1), 0);
+    bus().sendEvent(Vt_Event("A", 2), 0);
+    settle();
+    EXPECT_EQ(outer.received.size(), 2u);
+}
+
+TEST(Event, SignalsThatAreNoEventsAreIgnored)
+{
+    Handler handler("A");
+    sendRaw({});
+    sendRaw({"A"});
+    sendRaw({"A", "7", QVariantMap(), true, "", 0});
+    sendRaw({"A", 7, QVariantMap(), true, "", 0});
+    bus().sendEvent(Vt_Event("NOBODY_KNOWS_IT"), 0);
+    bus().sendEvent(Vt_Event("A", 1), 0);
+    settle();
+    ASSERT_EQ(handler.received.size(), 1u);
+    EXPECT_EQ(handler.received[0].value(), 1);
+}
+
+// Runs itself where no bus can be reached.
+TEST(Event, WithoutABusTheProcessStillHearsItself)
+{
+    if (!qEnvironmentVariableIsSet("VISTANE_TEST_WITHOUT_BUS")) {
+        QProcess child;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("VISTANE_TEST_WITHOUT_BUS", "1");
+        environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+        child.setProcessEnvironment(environment);
+        child.start(QCoreApplication::applicationFilePath(),
+                    {"--gtest_filter=Event.WithoutABusTheProcessStillHearsItself"});
+        ASSERT_TRUE(child.waitForFinished());
+        EXPECT_EQ(child.exitCode(), 0) << child.readAll().constData();
+        return;
+    }
+    const LogCapture log;
+    Handler handler("A");
+    EXPECT_NE(bus().sendEvent(Vt_Event("A", 1), 0), 0);
+    EXPECT_NE(bus().sendEvent(Vt_Event("A", 2), 0), 0);
+    EXPECT_TRUE(handler.received.empty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return handler.received.size() == 2; }, 5000));
+    EXPECT_EQ(handler.received[1].value(), 2);
+    EXPECT_EQ(log.lines().size(), 1u) << log.text();
+}

@@ -1,0 +1,275 @@
+#include "CoreStore.h"
+#include "LogCapture.h"
+#include "Sqlite.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int menu = 5;
+constexpr const char* titleKey = "SetupHeadlines.title";
+
+class StoreFileTest : public testing::Test
+{
+protected:
+    std::string folder() const { return mDir.path().toStdString(); }
+    std::string path() const { return folder() + "/core.db"; }
+
+    // Names in the folder other than the store's own.
+    std::vector<std::string> setAside() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder()))
+            if (entry.path().filename().string().find("set-aside") != std::string::npos)
+                names.push_back(entry.path().string());
+        return names;
+    }
+
+    void makeStore() const { ASSERT_EQ(CoreStore(path()).write(menu, "mine", 7), STORE_OK); }
+
+    void sql(const char* statement) const
+    {
+        Sqlite::Connection connection;
+        ASSERT_EQ(connection.open(path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), SQLITE_OK);
+        ASSERT_EQ(connection.execute(statement), SQLITE_OK);
+    }
+
+    QTemporaryDir mDir;
+};
+
+std::string contentOf(const std::string& path)
+{
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+mode_t modeOf(const std::string& path)
+{
+    struct stat status = {};
+    stat(path.c_str(), &status);
+    return status.st_mode & 0777;
+}
+
+bool startsFromThePack(CoreStore& store)
+{
+    SettingValue value;
+    return store.read(menu, titleKey, value) == STORE_OK && store.read(menu, "mine", value) == STORE_NOT_FOUND;
+}
+
+} // namespace
+
+TEST_F(StoreFileTest, TheFirstStartMakesAPrivateFile)
+{
+    const std::string deep = folder() + "/a/b/core.db";
+    const mode_t mask = umask(0);
+    {
+        CoreStore store(deep);
+        EXPECT_TRUE(store.isOnDisk());
+        EXPECT_TRUE(startsFromThePack(store));
+        EXPECT_EQ(store.write(menu, "mine", 7), STORE_OK);
+        for (const char* name : {"", "-wal", "-shm"})
+            EXPECT_EQ(modeOf(deep + name), 0600u) << name;
+    }
+    umask(mask);
+    EXPECT_EQ(modeOf(folder() + "/a"), 0700u);
+    EXPECT_EQ(modeOf(folder() + "/a/b"), 0700u);
+    SettingValue value;
+    EXPECT_EQ(CoreStore(deep).read(menu, "mine", value), STORE_OK);
+}
+
+TEST_F(StoreFileTest, AnInterruptedFirstStartIsMadeUpFor)
+{
+    std::ofstream(path()).close();
+    CoreStore store(path());
+    EXPECT_TRUE(startsFromThePack(store));
+    EXPECT_TRUE(setAside().empty());
+}
+
+TEST_F(StoreFileTest, AFileThatCannotBeUsedIsKeptUnderAnotherName)
+{
+    const struct
+    {
+        const char* what;
+        std::function<void()> spoil;
+    } cases[] = {
+        {"not a database", [&] { std::ofstream(path()) << "Dear diary, this is no database.\n"; }},
+        {"damaged",
+         [&] {
+             makeStore();
+             std::fstream(path(), std::ios::in | std::ios::out).seekp(4096) << std::string(4096, '\xa5');
+         }},
+        {"cut short",
+         [&] {
+             makeStore();
+             fs::resize_file(path(), fs::file_size(path()) - 4096);
+         }},
+        {"newer",
+         [&] {
+             makeStore();
+             sql("PRAGMA user_version = 99");
+         }},
+        {"another program's", [&] { sql("CREATE TABLE diary(entry)"); }},
+        {"with a table missing",
+         [&] {
+             makeStore();
+             sql("DROP TABLE profile");
+         }},
+        {"a folder", [&] { fs::create_directories(path() + "/sub"); }},
+    };
+    size_t count = 0;
+    for (const auto& [what, spoil] : cases) {
+        SCOPED_TRACE(what);
+        spoil();
+        const bool isFile = fs::is_regular_file(path());
+        const std::string before = isFile ? contentOf(path()) : "";
+        const LogCapture log;
+        {
+            CoreStore store(path());
+            EXPECT_TRUE(store.isOnDisk());
+            EXPECT_TRUE(startsFromThePack(store));
+            EXPECT_EQ(store.write(menu, "mine", 7), STORE_OK);
+        }
+        const std::string kept = path() + ".set-aside-" + std::to_string(++count);
+        ASSERT_TRUE(fs::exists(kept));
+        EXPECT_EQ(isFile ? contentOf(kept) : "", before);
+        ASSERT_EQ(log.lines().size(), 1u) << log.text();
+        EXPECT_NE(log.text().find(kept), std::string::npos);
+        EXPECT_NE(log.text().find("VistaneStore"), std::string::npos);
+        fs::remove_all(path());
+    }
+}
+
+TEST_F(StoreFileTest, CompanionFilesGoWithTheFileTheyBelongTo)
+{
+    makeStore();
+    std::ofstream(path()) << "no database";
+    std::ofstream(path() + "-wal") << "its log";
+    CoreStore store(path());
+    EXPECT_TRUE(startsFromThePack(store));
+    EXPECT_EQ(contentOf(path() + ".set-aside-1-wal"), "its log");
+}
+
+TEST_F(StoreFileTest, ProgramsThatStartTogetherAgreeOnOneFile)
+{
+    std::ofstream(path()) << "no database";
+    std::vector<pid_t> children;
+    for (int i = 0; i < 6; ++i) {
+        const pid_t child = fork();
+        if (child == 0) {
+            const LogCapture log;
+            CoreStore store(path());
+            _exit(store.write(menu, "key" + std::to_string(i), i) == STORE_OK ? 0 : 1);
+        }
+        children.push_back(child);
+    }
+    for (pid_t child : children) {
+        int status = -1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(setAside().size(), 1u);
+    CoreStore store(path());
+    for (int i = 0; i < 6; ++i) {
+        SettingValue value;
+        EXPECT_EQ(store.read(menu, "key" + std::to_string(i), value), STORE_OK);
+    }
+}
+
+TEST_F(StoreFileTest, WithoutAPlaceOnDiskTheStoreLivesInMemory)
+{
+    std::ofstream(folder() + "/file").close();
+    for (const std::string& where : {folder() + "/file/core.db", std::string("/proc/vistane/core.db")}) {
+        const LogCapture log;
+        CoreStore store(where);
+        EXPECT_FALSE(store.isOnDisk());
+        EXPECT_TRUE(startsFromThePack(store));
+        EXPECT_EQ(store.write(menu, "mine", 7), STORE_UNWRITABLE);
+        EXPECT_EQ(store.reset(menu, titleKey), STORE_UNWRITABLE);
+        EXPECT_EQ(store.setFact("imsi", "1"), STORE_UNWRITABLE);
+        EXPECT_EQ(store.installPack({}), STORE_UNWRITABLE);
+        EXPECT_TRUE(startsFromThePack(store));
+        EXPECT_EQ(log.lines().size(), 1u) << log.text();
+    }
+}
+
+namespace {
+
+// Runs `body` as a user whom file permissions bind, which they don't bind root.
+class AsNobody
+{
+public:
+    explicit AsNobody(const std::string& folder)
+    {
+        if (geteuid() != 0)
+            return;
+        for (const auto& entry : fs::recursive_directory_iterator(folder))
+            EXPECT_EQ(chown(entry.path().c_str(), nobody, nobody), 0);
+        EXPECT_EQ(chown(folder.c_str(), nobody, nobody), 0);
+        EXPECT_EQ(seteuid(nobody), 0);
+    }
+    ~AsNobody() { EXPECT_EQ(seteuid(getuid()), 0); }
+
+private:
+    static constexpr uid_t nobody = 65534;
+};
+
+} // namespace
+
+TEST_F(StoreFileTest, AReadOnlyStoreReadsAndAnswersWrites)
+{
+    const struct
+    {
+        mode_t file, folder;
+    } cases[] = {{0400, 0700}, {0400, 0500}, {0600, 0500}};
+    for (const auto& [file, folderMode] : cases) {
+        SCOPED_TRACE(file);
+        makeStore();
+        const AsNobody user(folder());
+        chmod(path().c_str(), file);
+        chmod(folder().c_str(), folderMode);
+        {
+            const LogCapture log;
+            CoreStore store(path());
+            SettingValue value;
+            EXPECT_EQ(store.read(menu, "mine", value), STORE_OK);
+            EXPECT_EQ(value, SettingValue(7));
+            EXPECT_EQ(store.write(menu, "mine", 8), STORE_UNWRITABLE);
+            EXPECT_EQ(store.installPack({}), STORE_UNWRITABLE);
+            store.read(menu, "mine", value);
+            EXPECT_EQ(value, SettingValue(7));
+        }
+        chmod(folder().c_str(), 0700);
+        chmod(path().c_str(), 0600);
+        EXPECT_TRUE(setAside().empty());
+    }
+}
+
+TEST_F(StoreFileTest, AnUnreadableFileIsSetAsideAndNotLost)
+{
+    makeStore();
+    const std::string before = contentOf(path());
+    {
+        const AsNobody user(folder());
+        chmod(path().c_str(), 0000);
+        const LogCapture log;
+        CoreStore store(path());
+        EXPECT_TRUE(store.isOnDisk());
+        EXPECT_TRUE(startsFromThePack(store));
+    }
+    const auto kept = setAside();
+    ASSERT_EQ(kept.size(), 1u);
+    chmod(kept[0].c_str(), 0600);
+    EXPECT_EQ(contentOf(kept[0]), before);
+}
