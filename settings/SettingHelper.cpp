@@ -1,0 +1,148 @@
+#include "SettingHelper.h"
+
+#include "Log.h"
+#include "OperatorPack.h"
+#include "UTF_8Util.h"
+#include "VistaneSettingMgr.h"
+#include "vtString.h"
+
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+#include <string_view>
+
+namespace {
+
+const Log logger("SettingHelper");
+
+// Upper-case beginnings of the group names, by number. The first is short of its name's last letter, so that
+// the singular names the group too.
+constexpr std::string_view groupPrefixes[] = {
+    "VTCORE.CONNECTIONPROFILE",
+    "VTCORE.DCD",
+    "VTCORE.ENGINEERINGMENU",
+    "VTCORE.HTTPTRANSPORT",
+    "VTCORE.INITSETTING",
+    "VTCORE.MENU",
+    "VTCORE.SERVICE",
+    "VTCORE.STORAGE",
+    "VTCORE.SYSTEM",
+    "VTCORE.UI",
+    "VTNEWSREADER.UI",
+};
+
+bool isRefused(int group)
+{
+    return group >= SETTING_GROUP_LIMIT;
+}
+
+VistaneSettingMgr& store()
+{
+    return *VistaneSettingMgr::getSettingMgrInstance();
+}
+
+std::string nameOf(int group)
+{
+    return std::string(settingGroupName(group));
+}
+
+// Reads with the store operation `get`. Failures are logged as `at`, the line of the accessor that reads.
+template <class Value>
+Value read(Log::At at, const char* type, int (VistaneSettingMgr::*get)(int, const char*, Value&), int group,
+           const char* key)
+{
+    if (isRefused(group)) {
+        logger(at, "get %s setting failed for %s: group %d not found", type, key, group);
+        return {};
+    }
+    Value value{};
+    const int status = (store().*get)(group, key, value);
+    if (status != 0) {
+        logger(at, "get %s setting failed for %s.%s: %d", type, nameOf(group).c_str(), key, status);
+        return {};
+    }
+    return value;
+}
+
+// The text after the first "." of `text`; all of it when it has none.
+std::string afterDot(const std::string& text)
+{
+    const size_t dot = text.find('.');
+    return dot == std::string::npos ? text : text.substr(dot + 1);
+}
+
+} // namespace
+
+int getIntSetting(int group, const char* key)
+{
+    return read(7, "int", &VistaneSettingMgr::getInt, group, key);
+}
+
+void setIntSetting(int group, const char* key, int value)
+{
+    if (isRefused(group)) {
+        logger(7, "set int %d failed: group %d not found", value, group);
+        return;
+    }
+    const int status = store().setInt(group, key, value);
+    if (status != 0)
+        logger(7, "set %d setting failed for %s.%s: %d", value, nameOf(group).c_str(), key, status);
+}
+
+bool getBoolSetting(int group, const char* key)
+{
+    return read(7, "bool", &VistaneSettingMgr::getBoolean, group, key);
+}
+
+void setBoolSetting(int group, const char* key, bool value)
+{
+    if (isRefused(group)) {
+        logger(7, "set bool setting failed for %s: group %d not found", key, group);
+        return;
+    }
+    const int status = store().setBoolean(group, key, value);
+    if (status != 0)
+        logger(7, "set bool %d setting failed for %s.%s: %d", value, nameOf(group).c_str(), key, status);
+}
+
+std::string getStringSetting(int group, const char* key)
+{
+    return vtStringToUtf8(read(7, "string", &VistaneSettingMgr::getString, group, key));
+}
+
+void setStringSetting(int group, const char* key, const std::string& value)
+{
+    if (isRefused(group)) {
+        logger(7, "set string setting failed for %s: group %d not found", key, group);
+        return;
+    }
+    std::istringstream stream(value);
+    bool error = false;
+    const vtTypes::String line = UTF_8Util::LineReader(stream).readLine(error);
+    if (error) {
+        logger(7, "set string failed for %s.%s: invalid string", nameOf(group).c_str(), key);
+        return;
+    }
+    const int status = store().setString(group, key, line);
+    if (status != 0)
+        logger(7, "set string %s failed for %s.%s: %d", value.c_str(), nameOf(group).c_str(), key, status);
+}
+
+int settingGroupOf(const std::string& name)
+{
+    // ASCII only: what the locale takes for letters must not decide which setting is meant.
+    std::string upper = name;
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](char c) { return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    const auto found = std::find_if(std::begin(groupPrefixes), std::end(groupPrefixes),
+                                    [&](std::string_view prefix) { return upper.starts_with(prefix); });
+    return found == std::end(groupPrefixes) ? NO_SETTING_GROUP
+                                            : static_cast<int>(found - std::begin(groupPrefixes));
+}
+
+void splitSettingKey(const std::string& name, int& group, std::string& key)
+{
+    group = settingGroupOf(name);
+    if (group != NO_SETTING_GROUP)
+        key = afterDot(afterDot(name));
+}
