@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Vt_EventHandler.h"
+
+// Fills the ApiRegistry, and follows the service's events for the texts that depend on them.
+class ApiProvider : public Vt_EventHandler
+{
+public:
+    // The process-wide provider, built by the first call and never destroyed. Call it before any menu is shown.
+    static ApiProvider* instance();
+
+    // Subscribes, registers the functions and reads "/tmp/vtmem". The functions and what they know are the
+    // process's, so there is one provider at a time.
+    ApiProvider();
+    // Unsubscribes and writes "/tmp/vtmem"; the functions stay registered.
+    ~ApiProvider() override;
+
+    void handleEvent(const Vt_Event& event) override;
+};

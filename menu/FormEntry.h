@@ -1,0 +1,44 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+// A setting with a short list of named choices, counted from 0. Texts are UTF-8. A choice whose label begins with
+// "DISABLE:" is shown without that mark, greyed, and cannot be chosen.
+class FormEntry
+{
+public:
+    // The mark of a choice that is shown but cannot be chosen.
+    static constexpr char disabledMark[] = "DISABLE:";
+
+    virtual ~FormEntry() = default;
+
+    // Reads the choices anew; called before they are shown in a menu.
+    virtual void reload() {}
+    virtual bool isHidden() const = 0;
+    virtual bool isEnabled() const = 0;
+    virtual std::string title() const = 0;        // caption of the dialog
+    virtual std::string instructText() const = 0; // the line above the choices
+    virtual int optionCount() const = 0;
+    virtual std::string label() const = 0;            // the form's line in a menu
+    virtual std::string optionLabel(int i) const = 0; // empty when there is no choice i
+
+    // The warning before choice `i` is applied, when it needs one.
+    virtual std::string warningLabel() const { return {}; }
+    virtual std::string warningText() const { return {}; }
+    virtual bool needsWarning(int /*i*/) const { return false; }
+
+    virtual int currentIndex() const = 0; // the choice in force
+    // Applies choice `i`. False, and nothing written, when there is no such choice or it is in force already
+    // (the only choice of a form is applied again each time). True otherwise, even when the write failed; a
+    // negative index writes nothing and answers true.
+    virtual bool setValue(int i) = 0;
+
+    virtual void watchedKeys(std::set<std::string>& /*keys*/) const {} // as for Entry
+
+protected:
+    // Whether applying choice `i` can change anything; the test that every setValue() begins with.
+    bool isChange(int i) const;
+
+    bool mWarnOnOff = false; // set by forms that warn before a choice is applied
+};
