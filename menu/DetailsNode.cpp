@@ -1,0 +1,61 @@
+#include "DetailsNode.h"
+
+#include "DetailsRow.h"
+#include "MenuSettings.h"
+
+namespace {
+
+// The page, row by row.
+constexpr struct
+{
+    const char* apiName;
+    const char* labelKey;
+} rows[] = {
+    {"HOME_NETWORK_API", "Details.HomeNetworkLabel"},
+    {"CURRENT_NETWORK_API", "Details.CurrentNetworkLabel"},
+    {"DOWNLOAD_MODE_API", "Details.DownloadOptionLabel"},
+    {"ROAMING_STATUS_API", "Details.RoamingStatusLabel"},
+    {"ACTIVITY_API", "Details.CurrentActivityLabel"},
+    {"LAST_CONNECTION_API", "Details.LastConnectionLabel"},
+    {"SUBSCRIPTION_API", "Details.SubscriptionLabel"},
+    {"MEMORY_API", "Details.MemoryLabel"},
+};
+
+} // namespace
+
+DetailsNode::DetailsNode() : MenuNode("Details", 1)
+{
+    for (const auto& row : rows)
+        mChildren.push_back(new DetailsRow(row.apiName, row.labelKey));
+}
+
+DetailsNode::~DetailsNode()
+{
+    for (Entry* row : mChildren)
+        delete row;
+}
+
+bool DetailsNode::isHidden() const
+{
+    return !MenuSettings::isVisible(mName);
+}
+
+bool DetailsNode::isEnabled() const
+{
+    return MenuSettings::isEnabled(mName) && !MenuSettings::isProfileSelected();
+}
+
+std::string DetailsNode::title() const
+{
+    return MenuSettings::text(mName + ".title");
+}
+
+std::string DetailsNode::label() const
+{
+    return MenuSettings::text(mName + ".label");
+}
+
+void DetailsNode::watchedKeys(std::set<std::string>& keys) const
+{
+    keys.insert(MenuSettings::watchedProfileSelected);
+}

@@ -1,0 +1,15 @@
+#include "DownloadForm.h"
+
+#include "SettingHelper.h"
+
+namespace {
+
+constexpr TableForm<int>::Choice choices[] = {
+    {"Download.AlwaysLabel", 0},
+    {"Download.HomeLabel", 1},
+    {"Download.NeverLabel", 2},
+};
+
+} // namespace
+
+DownloadForm::DownloadForm() : TableForm("Download", {GROUP_SERVICE, "DownloadOption"}, choices) {}

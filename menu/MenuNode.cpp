@@ -1,0 +1,77 @@
+#include "MenuNode.h"
+
+#include "EntryRegistry.h"
+#include "MenuSettings.h"
+#include "NodeAdapter.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+// The nodes whose children are being loaded, outermost first.
+std::vector<const MenuNode*> loading;
+
+bool isLoading(const MenuNode* node)
+{
+    return std::find(loading.begin(), loading.end(), node) != loading.end();
+}
+
+// The entry that stands in a menu for `entry`: an only child for its sub-menu, all the way down. Null when that
+// child is null.
+Entry* collapsed(Entry* entry)
+{
+    const EntryRegistry& registry = *EntryRegistry::instance();
+    const size_t depth = loading.size();
+    while (registry.kindOf(entry) == ENTRY_NODE) {
+        MenuNode* node = static_cast<NodeAdapter*>(entry)->node();
+        if (isLoading(node))
+            break;
+        node->clearChildren();
+        node->loadChildren();
+        if (node->mChildren.size() != 1)
+            break;
+        entry = node->mChildren.front();
+        loading.push_back(node); // the way down may lead back here
+    }
+    loading.resize(depth);
+    return entry;
+}
+
+} // namespace
+
+MenuNode::MenuNode(const std::string& name, int detailsFlag) : mName(name), mDetailsFlag(detailsFlag) {}
+
+void MenuNode::clearChildren()
+{
+    mChildren.clear();
+}
+
+void MenuNode::loadChildren()
+{
+    loading.push_back(this);
+    const std::string names = MenuSettings::text(mName + ".ChildIDs") + ',';
+    for (size_t start = 0, comma; (comma = names.find(',', start)) != std::string::npos; start = comma + 1) {
+        std::string name = names.substr(start, comma - start);
+        trimSpaces(name.data());
+        Entry* entry = EntryRegistry::instance()->find(name.c_str());
+        if (!entry || entry->isHidden())
+            continue;
+        entry = collapsed(entry);
+        if (entry && !entry->isHidden())
+            mChildren.push_back(entry);
+    }
+    loading.pop_back();
+}
+
+void trimSpaces(char* text)
+{
+    if (!text)
+        return;
+    const char* first = text + std::strspn(text, " ");
+    size_t length = std::strlen(first);
+    while (length > 0 && first[length - 1] == ' ')
+        --length;
+    std::memmove(text, first, length);
+    text[length] = '\0';
+}

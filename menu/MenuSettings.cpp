@@ -1,0 +1,42 @@
+#include "MenuSettings.h"
+
+#include "SettingHelper.h"
+
+namespace MenuSettings {
+
+std::string text(const std::string& key)
+{
+    return getStringSetting(GROUP_MENU, key.c_str());
+}
+
+bool isVisible(const std::string& name)
+{
+    return getBoolSetting(GROUP_MENU, (name + ".visible").c_str());
+}
+
+bool isEnabled(const std::string& name)
+{
+    return getBoolSetting(GROUP_MENU, (name + ".enabled").c_str());
+}
+
+bool isProfileSelected()
+{
+    return getIntSetting(GROUP_MENU, "ProfileSelected") == 1;
+}
+
+std::string enabledMode()
+{
+    return getStringSetting(GROUP_SYSTEM, enabledModeKey);
+}
+
+void setEnabledMode(const std::string& mode)
+{
+    setStringSetting(GROUP_SYSTEM, enabledModeKey, mode);
+}
+
+bool isServiceOff()
+{
+    return enabledMode() == modeOff;
+}
+
+} // namespace MenuSettings
