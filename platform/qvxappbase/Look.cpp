@@ -22,6 +22,8 @@ constexpr FontSize fontSize(Look::Text text)
         return {15, false};
     case Look::Text::Value:
         return {12, false};
+    case Look::Text::Heading:
+        return {12, true};
     case Look::Text::Body:
         return {14, false};
     case Look::Text::Caption:

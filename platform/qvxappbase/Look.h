@@ -13,6 +13,7 @@ inline constexpr int titleHeight = 34;
 inline constexpr int softKeyHeight = 32;
 inline constexpr int rowPadding = 6;
 inline constexpr int lineGap = 1;
+inline constexpr int groupGap = 8;
 inline constexpr int radioSize = 16;
 inline constexpr int scrollMarkWidth = 3;
 inline constexpr int progressHeight = 8;
@@ -23,6 +24,7 @@ inline constexpr int popupShare = 88;
 inline constexpr QColor page{0xf6, 0xf8, 0xfa};
 inline constexpr QColor text{0x1a, 0x21, 0x29};
 inline constexpr QColor quiet{0x5a, 0x68, 0x76};
+inline constexpr QColor heading{0x17, 0x5d, 0x8d};
 inline constexpr QColor greyed{0x9b, 0xa5, 0xae};
 inline constexpr QColor line{0xdd, 0xe3, 0xe8};
 inline constexpr QColor bar{0x16, 0x32, 0x47};
@@ -34,7 +36,7 @@ inline constexpr QColor highlightQuiet{0xd3, 0xe6, 0xf5};
 inline constexpr QColor highlightGreyed{0xd5, 0xdc, 0xe2};
 inline constexpr QColor dim{0x0b, 0x18, 0x22, 0x8c};
 
-enum class Text { Title, Row, Value, Body, Caption, SoftKey };
+enum class Text { Title, Row, Value, Heading, Body, Caption, SoftKey };
 QFont font(Text text);
 
 QPalette palette();

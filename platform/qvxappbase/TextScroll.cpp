@@ -6,9 +6,8 @@
 #include "TextBlock.h"
 
 TextScroll::TextScroll(const QString& text, QWidget* parent)
-    : QScrollArea(parent), mBlock(new TextBlock(Look::font(Look::Text::Body), Look::text, this))
+    : QScrollArea(parent), mBlock(new TextBlock(text, Look::font(Look::Text::Body), Look::text, this))
 {
-    mBlock->setText(text);
     setWidget(mBlock);
     setWidgetResizable(true);
     setFrameShape(NoFrame);

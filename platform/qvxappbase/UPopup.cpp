@@ -34,9 +34,8 @@ UPopup::UPopup(const QString& caption, QWidget* parent, const char* name, bool /
     mContent->setContentsMargins(0, Look::margin, 0, Look::margin);
     mContent->setSpacing(Look::rowPadding);
     if (!caption.isEmpty()) {
-        auto* block = new TextBlock(Look::font(Look::Text::Caption), Look::text, mPanel, captionLines);
-        block->setText(caption);
-        mContent->addWidget(block);
+        mContent->addWidget(
+            new TextBlock(caption, Look::font(Look::Text::Caption), Look::text, mPanel, captionLines));
     }
     connect(mSoftKeyBar, &USoftKey::pressed, this, [this](int key) {
         SoftKeyEvent press(key);

@@ -16,9 +16,8 @@ USingleSelectDlg::USingleSelectDlg(const QString& caption, const QString& instru
     : UPopup(caption, parent, name, modal, flags), mListBox(new UListBox(QString(), this))
 {
     if (!instruction.isEmpty()) {
-        auto* block = new TextBlock(Look::font(Look::Text::Body), Look::quiet, this, instructionLines);
-        block->setText(instruction);
-        content()->addWidget(block);
+        content()->addWidget(
+            new TextBlock(instruction, Look::font(Look::Text::Body), Look::quiet, this, instructionLines));
     }
     mListBox->setRadio(true);
     mListBox->enableMarquee(0, true);

@@ -1,0 +1,115 @@
+#include "UDetailView.h"
+
+#include "Look.h"
+#include "ScrollMark.h"
+#include "UDetailItem.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+QFont lineFont(bool isHeading)
+{
+    return Look::font(isHeading ? Look::Text::Heading : Look::Text::Body);
+}
+
+} // namespace
+
+UDetailView::Line::Line(const QString& text, bool isHeading)
+    : text(text, lineFont(isHeading)), isHeading(isHeading)
+{
+}
+
+UDetailView::UDetailView(QWidget* parent, int /*flags*/, int /*skin*/) : QAbstractScrollArea(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    new ScrollMark(this);
+}
+
+UDetailView::~UDetailView() = default;
+
+void UDetailView::addItem(UDetailItem* item)
+{
+    mItems.emplace_back(item);
+    scheduleLayout();
+}
+
+void UDetailView::removeItem(UDetailItem* item)
+{
+    std::erase_if(mItems, [item](const auto& owned) { return owned.get() == item; });
+    scheduleLayout();
+}
+
+void UDetailView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(viewport());
+    const int scrolled = verticalScrollBar()->value();
+    const int bottom = viewport()->height();
+    for (const Line& line : mLines) {
+        const int top = line.top - scrolled;
+        if (top >= bottom)
+            break;
+        if (top + line.text.height() <= 0)
+            continue;
+        painter.setPen(line.isHeading ? Look::heading : Look::text);
+        line.text.draw(painter, QPointF(Look::margin, top), 0, bottom);
+    }
+}
+
+void UDetailView::resizeEvent(QResizeEvent* /*event*/)
+{
+    layOut();
+}
+
+// A line that has no room to the last pixel is not shown, so what scrolls in is to be painted whole.
+void UDetailView::scrollContentsBy(int /*dx*/, int /*dy*/)
+{
+    viewport()->update();
+}
+
+bool UDetailView::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        layOut();
+    return QAbstractScrollArea::event(event);
+}
+
+// Once for any number of changes, and before the next painting: emptying the page and filling it again leaves it
+// where it stood.
+void UDetailView::scheduleLayout()
+{
+    if (!mLayoutDue)
+        QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+    mLayoutDue = true;
+}
+
+void UDetailView::layOut()
+{
+    mLayoutDue = false;
+    mLines.clear();
+    for (const auto& item : mItems) {
+        mLines.emplace_back(item->label(), true);
+        for (const QString& row : item->rows())
+            mLines.emplace_back(row, false);
+    }
+    int top = 0;
+    for (Line& line : mLines) {
+        line.text.wrap(viewport()->width() - 2 * Look::margin);
+        top += line.isHeading ? Look::groupGap : 0;
+        line.top = top;
+        top += line.text.height() + Look::lineGap;
+    }
+    const int height = top + Look::groupGap;
+    verticalScrollBar()->setPageStep(viewport()->height());
+    verticalScrollBar()->setSingleStep(QFontMetrics(lineFont(false)).height() * 2);
+    verticalScrollBar()->setRange(0, std::max(0, height - viewport()->height()));
+    viewport()->update();
+}

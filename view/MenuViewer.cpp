@@ -1,0 +1,205 @@
+#include "MenuViewer.h"
+
+#include "ActionEntry.h"
+#include "EntryRegistry.h"
+#include "FormAdapter.h"
+#include "FormViewer.h"
+#include "MenuNode.h"
+#include "NodeAdapter.h"
+#include "UApplication.h"
+#include "UListBox.h"
+#include "UMessageDlg.h"
+#include "USettingItem.h"
+#include "USoftKey.h"
+
+#include <QTimer>
+
+namespace vtmenu {
+
+// Held by every call that may run a nested event loop. A return to idle inside that loop asks for the viewer's
+// deletion; it must not come before the call has returned.
+class MenuViewer::Nesting
+{
+public:
+    explicit Nesting(MenuViewer& viewer) : mViewer(viewer) { ++mViewer.mNesting; }
+    ~Nesting()
+    {
+        if (--mViewer.mNesting == 0 && mViewer.mDeleteUnwound)
+            QTimer::singleShot(0, &mViewer, SLOT(deleteMe()));
+    }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+private:
+    MenuViewer& mViewer;
+};
+
+MenuViewer::MenuViewer(MenuNode* node, bool isRoot, QWidget* parent, const char* name)
+    : UKbMainWidget(parent, name, 0), mNode(node), mIsRoot(isRoot)
+{
+    mListBox = new UListBox(QStringLiteral("%M"), this, 0, 40);
+    mListBox->enableMarquee(0, true);
+    setContentWidget(mListBox);
+    connect(mListBox, SIGNAL(selected(int)), this, SLOT(openItem(int)));
+
+    mSoftKey = new USoftKey("CST_2A", this, this);
+    mSoftKey->setText(USoftKey::Left, QString(), 0);
+    mSoftKey->setText(USoftKey::Right, tr("TXT_RID_SOFTKEY_BACK", "Back"), 0);
+    mSoftKey->setClickedSlot(USoftKey::Right, SLOT(hideAndDelete()));
+    setCSTWidget(mSoftKey);
+
+    connect(UApplication::instance(), SIGNAL(askReturnToIdle(int)), this, SLOT(slotReturnToIdle(int)));
+}
+
+MenuViewer::~MenuViewer()
+{
+    delete mListBox;
+    delete mSoftKey;
+}
+
+int MenuViewer::showView()
+{
+    const Nesting nesting(*this);
+    if (!mNode->isEnabled() && mNode->needsWarning() && !confirmWarning())
+        return -1;
+    setMainWidgetTitle(QString::fromUtf8(mNode->title()));
+    rebuildMenuView();
+    show();
+    return 0;
+}
+
+bool MenuViewer::confirmWarning()
+{
+    const QString label = QString::fromUtf8(mNode->warningLabel());
+    const QString text = QString::fromUtf8(mNode->warningText());
+    UMessageDlg warning(label, text, 1, 0, nullptr, nullptr, true, 0);
+    if (run(warning) == 1) {
+        mNode->acceptWarning();
+        return true;
+    }
+    hideAndDelete();
+    return false;
+}
+
+void MenuViewer::rebuildMenuView()
+{
+    mListBox->clear();
+    mNode->clearChildren();
+    mNode->loadChildren();
+    mShown = mNode->mChildren;
+    for (size_t i = 0; i < mShown.size(); ++i) {
+        Entry* entry = mShown[i];
+        if (entry->isHidden())
+            continue;
+        auto* item = new USettingItem(mListBox, QString());
+        item->appendSubItem(0, QString::fromUtf8(entry->label()), false);
+        if (entry->hasValue())
+            item->appendSubItem(0, QString::fromUtf8(entry->valueText()), false);
+        item->setEnabled(entry->isEnabled());
+        item->setSelectable(entry->isEnabled());
+        item->setReservedData(static_cast<int>(i));
+        mListBox->insertItem(item, -1, true);
+    }
+    mListBox->setCurrentItem(mCurrentIndex, true);
+}
+
+// The node may be shown by another viewer, too, which has loaded its children anew: a line opens only what it was
+// built from. Where that is gone the list is out of date, so it is built again instead.
+void MenuViewer::openItem(int row)
+{
+    const Nesting nesting(*this);
+    mCurrentIndex = row;
+    const auto i = static_cast<size_t>(mListBox->item(row)->getReservedData());
+    Entry* entry = i < mNode->mChildren.size() ? mNode->mChildren[i] : nullptr;
+    if (entry == mShown[i])
+        openEntry(entry);
+    else
+        rebuildMenuView();
+}
+
+void MenuViewer::openEntry(Entry* entry)
+{
+    switch (EntryRegistry::instance()->kindOf(entry)) {
+    case ENTRY_ACTION: {
+        auto* action = static_cast<ActionEntry*>(entry);
+        if (action->mArgMode == 0)
+            action->invoke();
+        else
+            action->invoke(action->mArg);
+        break;
+    }
+    case ENTRY_FORM:
+        openForm(static_cast<FormAdapter*>(entry)->form());
+        break;
+    case ENTRY_NODE:
+        openNode(static_cast<NodeAdapter*>(entry)->node());
+        break;
+    default:
+        break;
+    }
+}
+
+void MenuViewer::openNode(MenuNode* node)
+{
+    if (node->mDetailsFlag != 0)
+        return;
+    auto* viewer = new MenuViewer(node, false, nullptr, nullptr);
+    connect(viewer, SIGNAL(valueChanged()), this, SLOT(rebuildMenuView()));
+    viewer->showView();
+}
+
+void MenuViewer::openForm(FormEntry* form)
+{
+    if (!form)
+        return;
+    if (form->optionCount() == 1) {
+        form->setValue(0);
+        rebuildMenuView();
+        return;
+    }
+    const QString title = QString::fromUtf8(form->title());
+    const QString instruction = QString::fromUtf8(form->instructText());
+    FormViewer viewer(form, this, title, instruction);
+    connect(&viewer, SIGNAL(valueChanged()), this, SLOT(rebuildMenuView()));
+    if (run(viewer) == 1)
+        viewer.applyChoice();
+}
+
+// Runs a pop-up so that closing this viewer ends it. 0 also when the viewer was closed meanwhile, whatever the
+// pop-up's own answer was.
+int MenuViewer::run(UPopup& popup)
+{
+    mPopup = &popup;
+    const int result = popup.exec();
+    mPopup = nullptr;
+    return mClosing ? 0 : result;
+}
+
+void MenuViewer::hideAndDelete()
+{
+    if (mClosing)
+        return;
+    mClosing = true;
+    if (mPopup)
+        mPopup->close(false);
+    close(false);
+    if (mIsRoot)
+        qApp->quit();
+    else
+        QTimer::singleShot(0, this, SLOT(deleteMe()));
+}
+
+void MenuViewer::slotReturnToIdle(int /*reason*/)
+{
+    hideAndDelete();
+}
+
+void MenuViewer::deleteMe()
+{
+    if (mNesting > 0)
+        mDeleteUnwound = true;
+    else
+        delete this;
+}
+
+} // namespace vtmenu
