@@ -1,6 +1,7 @@
 #include "MenuViewer.h"
 
 #include "ActionEntry.h"
+#include "DetailViewer.h"
 #include "EntryRegistry.h"
 #include "FormAdapter.h"
 #include "FormViewer.h"
@@ -141,8 +142,10 @@ void MenuViewer::openEntry(Entry* entry)
 
 void MenuViewer::openNode(MenuNode* node)
 {
-    if (node->mDetailsFlag != 0)
+    if (node->mDetailsFlag != 0) {
+        (new DetailViewer(node, nullptr, nullptr))->showView();
         return;
+    }
     auto* viewer = new MenuViewer(node, false, nullptr, nullptr);
     connect(viewer, SIGNAL(valueChanged()), this, SLOT(rebuildMenuView()));
     viewer->showView();

@@ -1,0 +1,286 @@
+#include "ManRefreshView.h"
+
+#include "Log.h"
+#include "NR_Constants.h"
+#include "SettingHelper.h"
+#include "UApplication.h"
+#include "UKeyObject.h"
+#include "UMessageDlg.h"
+#include "UNoticeDlg.h"
+#include "UProgressDlg.h"
+#include "Vt_Event.h"
+#include "Vt_EventAndStatusFacade.h"
+
+#include <QRegularExpression>
+#include <QTimerEvent>
+
+#include <utility>
+
+#include <unistd.h>
+
+namespace {
+
+const Log logger("ManRefreshView");
+
+constexpr int dcdGroup = 1;
+constexpr int menuGroup = 5;
+constexpr int leftSoftKeyCode = 4152;
+constexpr int rightSoftKeyCode = 4154;
+
+// A service that reports in a storm must not pile up timers, nor notices in each other's event loops.
+constexpr size_t maxWaiting = 16;
+constexpr int maxNotices = 4;
+
+QString menuText(const char* key)
+{
+    return QString::fromUtf8(getStringSetting(menuGroup, key));
+}
+
+void send(const Vt_Event& event)
+{
+    Vt_EventAndStatusFacade::instance()->sendEvent(event, 0);
+}
+
+} // namespace
+
+unsigned ManRefreshView::retryPause = 2;
+
+ManRefreshView* ManRefreshView::instance()
+{
+    static auto* view = new ManRefreshView;
+    return view;
+}
+
+ManRefreshView::ManRefreshView() : Vt_EventHandler(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS)
+{
+    Vt_EventAndStatusFacade::instance()->addEventHandler(NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR,
+                                                         this);
+}
+
+ManRefreshView::~ManRefreshView()
+{
+    deleteProgressDlg();
+    deleteMsgDlg();
+    delete mpKeyObj;
+    auto* facade = Vt_EventAndStatusFacade::instance();
+    facade->removeEventHandler(NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR, this);
+    facade->removeEventHandler(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS, this);
+}
+
+void ManRefreshView::handleEvent(const Vt_Event& event)
+{
+    logger(7, "[ManRefreshView] Incoming VtEvent of type %s, isHide: %d ...", event.name().c_str(), isHide);
+    if (event.name() == NR_Constants::EVENT_INITIATE_MANUAL_REFRESH) {
+        mState = State::CONNECTING;
+        scheduleDlg(State::CONNECTING);
+    } else if (event.name() == NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS) {
+        logger(7, "[ManRefreshView] Notify status: %d, state: %d", event.value(), static_cast<int>(mState));
+        onRefreshStatus(event.value());
+    } else if (event.name() == NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR) {
+        mState = State::QUEUE_ERROR;
+        scheduleDlg(State::QUEUE_ERROR);
+    }
+}
+
+// A hidden run stays hidden only while the service reports downloading.
+void ManRefreshView::onRefreshStatus(int status)
+{
+    const std::optional<State> state = stateAfter(mState, status);
+    if (!state)
+        return;
+    mState = *state;
+    if (status != STATUS_DOWNLOADING)
+        isHide = false;
+    scheduleDlg(mState);
+}
+
+void ManRefreshView::scheduleDlg(State state)
+{
+    if (isHide)
+        return;
+    if (mTimerStates.size() >= maxWaiting) {
+        mTimerStates.rbegin()->second = state;
+        return;
+    }
+    const int id = startTimer(0);
+    if (id > 0)
+        mTimerStates[id] = state;
+    if (state == State::CONNECTING)
+        UApplication::instance()->wakeUpGuiThread();
+}
+
+// The dialog may run an event loop in which further timers fire, so this one is forgotten first.
+void ManRefreshView::timerEvent(QTimerEvent* event)
+{
+    killTimer(event->timerId());
+    const auto waiting = mTimerStates.find(event->timerId());
+    if (waiting == mTimerStates.end()) {
+        logger(8, "timerid not found:%d", event->timerId());
+        return;
+    }
+    const State state = waiting->second;
+    mTimerStates.erase(waiting);
+    showDlg(state);
+}
+
+void ManRefreshView::showDlg(State state)
+{
+    deleteProgressDlg();
+    if ((state == State::DOWN_ERROR && mDownErr) || (state == State::CONN_ERROR && mConnErr)) {
+        logger(7, "[ManRefresh] state == DOWN_ERROR && mDownErr || state == CONN_ERROR && mConnErr");
+        return;
+    }
+    switch (state) {
+    case State::CONNECTING:
+    case State::DOWNLOADING:
+        showProgressDlg(state);
+        break;
+    case State::DOWN_SUCCESS:
+        showSuccessNotice();
+        break;
+    default:
+        showErrDlg(state);
+        break;
+    }
+}
+
+void ManRefreshView::showProgressDlg(State state)
+{
+    const bool connecting = state == State::CONNECTING;
+    const QString caption = menuText("ManRefresh.Option.Refresh");
+    const QString text = menuText(connecting ? "ManRefresh.Instruction.ConnectingToServer"
+                                             : "ManRefresh.Instruction.DownloadingStories");
+    mpProgressDlg = new UProgressDlg(caption, text, 100, 200, nullptr, nullptr, false, 0);
+    connect(mpProgressDlg, SIGNAL(cancelled()), this, SLOT(rightSoftKey()));
+    connect(mpProgressDlg, SIGNAL(leftSoftkeyClicked()), this, SLOT(leftSoftKey()));
+    mpProgressDlg->setProgress(connecting ? 0 : 50);
+    mpProgressDlg->show();
+}
+
+void ManRefreshView::showSuccessNotice()
+{
+    const int items = getIntSetting(dcdGroup, "RuntimeValues.ItemsDownloaded");
+    const int bytes = getIntSetting(dcdGroup, "RuntimeValues.BytesDownloaded");
+    QString text = menuText("ManRefresh.Instruction.DownloadSuccessed");
+    text = text.arg(items, 0, 10);
+    text = text.arg(bytes / 1024, 0, 10);
+    // The stored texts carry their line breaks as these two characters.
+    static const QRegularExpression lineBreak(QStringLiteral("\\\\n"));
+    text.replace(lineBreak, QStringLiteral("\n"));
+    UNoticeDlg notice(0, text, QString(), nullptr, nullptr, true, 0, true);
+    if (runNotice(notice))
+        emit finish();
+}
+
+void ManRefreshView::showErrDlg(State state)
+{
+    emit finish();
+    logger(7, "ManRefreshView::showErrDlg, state is %d", static_cast<int>(state));
+    if (state == State::CONN_ERROR || state == State::DOWN_ERROR) {
+        showRetryDlg(state);
+    } else if (state == State::QUEUE_ERROR) {
+        UNoticeDlg notice(1, 0, menuText("Error.QueueErr"), QString(), nullptr, nullptr, true, 0);
+        runNotice(notice);
+    }
+}
+
+void ManRefreshView::showRetryDlg(State state)
+{
+    if (mpMsgDlg) {
+        logger(7, "ManRefreshView::showErrDlg, mpMsgDlg != NULL");
+        return;
+    }
+    const QString caption = menuText("ManRefresh.Instruction.ServerError");
+    const QString text = menuText("ManRefresh.Instruction.AskTryAgain");
+    mpMsgDlg = new UMessageDlg(caption, text, 0, 0, nullptr, nullptr, false, 0);
+    mpKeyObj = new UKeyObject(mpMsgDlg, nullptr, nullptr);
+    mpKeyObj->addKey(leftSoftKeyCode, true);
+    mpKeyObj->addKey(rightSoftKeyCode, true);
+    connect(mpKeyObj, SIGNAL(keyPressed(int)), this, SLOT(slotKeyPress(int)));
+    mpMsgDlg->setSoftkeyTextLeft(menuText("ManRefresh.Instruction.Retry"));
+    mpMsgDlg->show();
+    if (state == State::DOWN_ERROR)
+        mDownErr = true;
+    else
+        mConnErr = true;
+}
+
+// False when too many notices are up already and this one was left out.
+bool ManRefreshView::runNotice(UNoticeDlg& notice)
+{
+    if (mNotices == maxNotices)
+        return false;
+    ++mNotices;
+    notice.exec();
+    --mNotices;
+    return true;
+}
+
+void ManRefreshView::slotKeyPress(int key)
+{
+    if (key == leftSoftKeyCode)
+        errorLSK();
+    else if (key == rightSoftKeyCode)
+        errorRSK();
+    else
+        return;
+    delete std::exchange(mpKeyObj, nullptr);
+}
+
+void ManRefreshView::errorLSK()
+{
+    deleteMsgDlg();
+    startRefresh();
+    mDownErr = false;
+    mConnErr = false;
+    logger(7, "ManRefreshView::errorLSK");
+}
+
+void ManRefreshView::errorRSK()
+{
+    deleteMsgDlg();
+    mDownErr = false;
+    mConnErr = false;
+    logger(7, "ManRefreshView::errorRSK");
+}
+
+void ManRefreshView::startRefresh()
+{
+    const Vt_Event event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, 0);
+    handleEvent(event);
+    sleep(retryPause);
+    send(event);
+}
+
+void ManRefreshView::rightSoftKey()
+{
+    if (!mpProgressDlg)
+        return;
+    emit finish();
+    isHide = false;
+    send(Vt_Event(NR_Constants::EVENT_ABORT_MANUAL_REFRESH, 0));
+    deleteProgressDlg();
+}
+
+// The dialog takes itself off the screen; it is deleted when the next one is shown.
+void ManRefreshView::leftSoftKey()
+{
+    isHide = true;
+    logger(7, "[ManRefresh] the dlg is hided");
+}
+
+void ManRefreshView::deleteProgressDlg()
+{
+    if (!mpProgressDlg)
+        return;
+    mpProgressDlg->close(false);
+    delete std::exchange(mpProgressDlg, nullptr);
+}
+
+void ManRefreshView::deleteMsgDlg()
+{
+    if (!mpMsgDlg)
+        return;
+    mpMsgDlg->close(false);
+    delete std::exchange(mpMsgDlg, nullptr);
+}
