@@ -175,9 +175,10 @@ std::string activity()
 std::string memory()
 {
     const State& known = state();
-    return memoryLine("Details.ContentMemoryLabel", known.usedMemoryText) +
-           memoryLine("Details.FreeMemoryLabel", known.freeMemoryText) +
-           memoryLine("Details.TotalMemoryLabel", known.totalMemoryText);
+    std::string lines = memoryLine("Details.ContentMemoryLabel", known.usedMemoryText);
+    lines += memoryLine("Details.FreeMemoryLabel", known.freeMemoryText);
+    lines += memoryLine("Details.TotalMemoryLabel", known.totalMemoryText);
+    return lines;
 }
 
 std::string profileList()

@@ -1,0 +1,121 @@
+#include "MenuNode.h"
+
+#include "LogCapture.h"
+#include "MenuStore.h"
+#include "SettingHelper.h"
+
+#include <tuple>
+
+namespace {
+
+constexpr const char* entryNames[] = {
+    "SetupHeadlines",     "CustomHomeMode", "AddNewChannel", "HowToUse", "ManageMyChannels",
+    "ConfigureHeadlines", "Scrolling",      "Download",      "Details",  "Profile"};
+
+// The names of the node's children after a fresh load: "Scrolling,Download".
+std::string listed(MenuNode* node)
+{
+    node->clearChildren();
+    node->loadChildren();
+    std::string names;
+    for (const Entry* child : node->mChildren) {
+        for (const char* name : entryNames) {
+            if (EntryRegistry::instance()->find(name) == child)
+                names += (names.empty() ? "" : ",") + std::string(name);
+        }
+    }
+    return names;
+}
+
+TEST(MenuNode, LoadsItsChildrenFromTheStore)
+{
+    MenuStore store;
+    setBoolSetting(GROUP_MENU, "HowToUse.visible", false);
+    // The root's child list, its sub-menu's, and what the root then lists.
+    const std::tuple<const char*, const char*, const char*> menus[] = {
+        {" CustomHomeMode , Scrolling ,Download  ", "", "CustomHomeMode,Scrolling,Download"},
+        {"Scrolling,Nothing,,Download,", "", "Scrolling,Download"},
+        {"Scrolling,Download,Scrolling", "", "Scrolling,Download,Scrolling"},
+        {"scrolling,\tScrolling,Scroll ing", "", ""},
+        {"", "", ""},
+        {"   ", "", ""},
+        {",,", "", ""},
+        {"HowToUse,Profile", "", "Profile"}, // one is hidden
+
+        {"ConfigureHeadlines,Profile", "Scrolling,Download", "ConfigureHeadlines,Profile"},
+        {"ConfigureHeadlines,Profile", "Scrolling", "Scrolling,Profile"},
+        {"ConfigureHeadlines,Profile", "HowToUse,Scrolling", "Scrolling,Profile"},
+        {"ConfigureHeadlines", "HowToUse", "ConfigureHeadlines"},
+        {"ConfigureHeadlines", "Details", "Details"},
+
+        {"SetupHeadlines", "", "SetupHeadlines"}, // menus that lead back to themselves
+        {"SetupHeadlines,Scrolling", "", "SetupHeadlines,Scrolling"},
+        {"ConfigureHeadlines", "SetupHeadlines", "SetupHeadlines"},
+        {"ConfigureHeadlines", "ConfigureHeadlines", "ConfigureHeadlines"},
+        {"ConfigureHeadlines,Scrolling", "SetupHeadlines,Download", "ConfigureHeadlines,Scrolling"},
+    };
+    for (const auto& [setup, configure, expected] : menus) {
+        setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", setup);
+        setStringSetting(GROUP_MENU, "ConfigureHeadlines.ChildIDs", configure);
+        EXPECT_EQ(listed(nodeOf("SetupHeadlines")), expected) << setup << " / " << configure;
+        listed(nodeOf("ConfigureHeadlines")); // comes to an end from there, too
+    }
+}
+
+TEST(MenuNode, AppendsListsOfAnyLengthUntilCleared)
+{
+    MenuStore store;
+    std::string names;
+    for (int i = 0; i < 1000; ++i)
+        names += "Scrolling , ";
+    setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", names + std::string(5000, 'x') + ",Download");
+    MenuNode* node = nodeOf("SetupHeadlines");
+    node->clearChildren();
+    EXPECT_TRUE(node->mChildren.empty());
+    node->loadChildren();
+    node->loadChildren();
+    EXPECT_EQ(node->mChildren.size(), 2002u);
+}
+
+TEST(MenuNode, IsEmptyWithoutAChildList)
+{
+    TestStore store;
+    MenuNode* node = nodeOf("SetupHeadlines");
+    LogCapture log;
+    EXPECT_EQ(listed(node), "");
+    EXPECT_EQ(log.lines(),
+              std::vector<std::string>{"(SettingHelper:*)[~~~~vistane~~~~]get string setting failed "
+                                       "for VtCore.Menu.SetupHeadlines.ChildIDs: 1"});
+}
+
+TEST(DetailsNode, HasEightRowsWhateverTheChildListSays)
+{
+    MenuStore store(MenuStore::KEYS);
+    setStringSetting(GROUP_MENU, "Details.ChildIDs", "Scrolling");
+    MenuNode* node = nodeOf("Details");
+    node->clearChildren();
+    node->loadChildren();
+    std::string labels;
+    for (const Entry* row : node->mChildren) {
+        EXPECT_TRUE(!row->isHidden() && row->isEnabled() && row->hasValue());
+        labels += row->label() + ' ';
+    }
+    EXPECT_EQ(labels, "Details.HomeNetworkLabel Details.CurrentNetworkLabel Details.DownloadOptionLabel "
+                      "Details.RoamingStatusLabel Details.CurrentActivityLabel Details.LastConnectionLabel "
+                      "Details.SubscriptionLabel Details.MemoryLabel ");
+    EXPECT_NE(node->mDetailsFlag, 0);
+}
+
+TEST(TrimSpaces, TakesSpacesOffBothEnds)
+{
+    const std::pair<std::string, const char*> texts[] = {
+        {"", ""}, {"   ", ""}, {"a", "a"}, {" a b ", "a b"}, {"a  ", "a"}, {"  \ta\n ", "\ta\n"},
+    };
+    for (auto [text, trimmed] : texts) {
+        trimSpaces(text.data());
+        EXPECT_STREQ(text.c_str(), trimmed);
+    }
+    trimSpaces(nullptr);
+}
+
+} // namespace
