@@ -1,0 +1,14 @@
+#include "SDManager.h"
+
+#include "DesktopLink.h"
+#include "Handover.h"
+
+SDManager::SDManager(int) {}
+
+int SDManager::performAction(std::string_view action, const SDData& data)
+{
+    if (!Handover::announce("performAction", {std::string(action), data.mimeType, data.data, data.text,
+                                              data.flag ? "true" : "false", std::to_string(data.number)}))
+        return 0;
+    return action == "PHONE_CALL" ? Handover::openLink(DesktopLink::call(data.data)) : -1;
+}
