@@ -1,0 +1,183 @@
+#include "Log.h"
+#include "NR_URLLauncher.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+const Log logger("../../lib/nr_widget/NR_URLLauncher");
+
+constexpr std::string_view headerCc = "cc";
+constexpr std::string_view headerBcc = "bcc";
+constexpr std::string_view headerSubject = "subject";
+constexpr std::string_view headerBody = "body";
+
+constexpr size_t longestNumber = 24;
+
+// Not std::tolower: in a Turkish locale it would take "MAILTO" for another word, and a negative char is beyond it.
+char lowerCase(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool contains(std::string_view set, char c)
+{
+    return set.find(c) != std::string_view::npos;
+}
+
+// The character that an escape may bring into a number, or 0. `escape` is what follows the "%", two characters.
+char numberEscape(std::string_view escape)
+{
+    if (escape == "2A" || escape == "2a")
+        return '*';
+    return escape == "23" ? '#' : '\0';
+}
+
+} // namespace
+
+std::string NR_URLLauncher::getURLScheme(const std::string& link)
+{
+    const size_t colon = link.find(':');
+    if (colon == std::string::npos)
+        return {};
+    std::string scheme = link.substr(0, colon);
+    logger(8, "NR_URLLauncher.getURLScheme(): Scheme is %s\n", scheme.c_str());
+    return scheme;
+}
+
+bool NR_URLLauncher::equalsIgnoreCase(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char left, char right) { return lowerCase(left) == lowerCase(right); });
+}
+
+std::string NR_URLLauncher::parseTelNo(const std::string& number)
+{
+    if (number.empty())
+        return {};
+    logger(8, "NR_URLLauncher.parseTelNo(): Number is %s\n", number.c_str());
+
+    const std::string_view text = number;
+    std::string result;
+    size_t i = 0;
+    if (text.starts_with('+')) {
+        result = "+";
+        i = 1;
+    } else if (text.starts_with("%2B") || text.starts_with("%2b")) {
+        result = "+";
+        i = 3;
+    }
+    while (i < text.size()) {
+        const char c = text[i++];
+        if (contains("0123456789#*ABCDnpw", c)) {
+            result += c;
+        } else if (contains("NPW", c)) {
+            result += lowerCase(c);
+        } else if (c == '%') {
+            const std::string_view escape = text.substr(i, 2);
+            const char meant = numberEscape(escape);
+            if (meant)
+                result += meant;
+            else
+                result.clear(); // what came before is lost, what comes after still counts
+            i += escape.starts_with('2') ? 2 : 1;
+        } else if (!contains("(),-./", c)) {
+            return {};
+        }
+    }
+    return result.size() <= longestNumber ? result : std::string();
+}
+
+int NR_URLLauncher::hexDigitValue(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    c = lowerCase(c);
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+}
+
+std::string NR_URLLauncher::percentDecode(const std::string& text)
+{
+    std::string result;
+    result.reserve(text.size());
+    size_t from = 0;
+    for (;;) {
+        const size_t percent = text.find('%', from);
+        if (percent == std::string::npos || text.size() - percent < 3)
+            return result.append(text, from);
+        result.append(text, from, percent - from);
+        const int byte = hexDigitValue(text[percent + 1]) * 16 + hexDigitValue(text[percent + 2]);
+        result += static_cast<char>(byte & 0xff);
+        from = percent + 3;
+    }
+}
+
+void NR_URLLauncher::parseSmsUrl(const std::string& link, std::string& address, std::string& text)
+{
+    static const std::string textPrefix = "text=";
+
+    const size_t colon = std::min(link.find(':'), link.size());
+    const size_t question = link.find('?');
+    const size_t begin = std::min(colon + 1, link.size());
+    text.clear();
+    if (question == std::string::npos) {
+        address = link.substr(begin);
+        return;
+    }
+    address = question > begin ? parseTelNo(link.substr(begin, question - begin)) : std::string();
+    if (link.compare(question + 1, textPrefix.size(), textPrefix) == 0)
+        text = link.substr(question + 1 + textPrefix.size());
+}
+
+void NR_URLLauncher::parseHeader(const std::string& link, size_t start, std::string& to, std::string& cc,
+                                 std::string& bcc, std::string& subject, std::string& body)
+{
+    struct Header
+    {
+        std::string_view name;
+        std::string& output;
+        std::optional<std::string_view> value; // still encoded
+    };
+    Header headers[] = {
+        {headerCc, cc, {}}, {headerBcc, bcc, {}}, {headerSubject, subject, {}}, {headerBody, body, {}}};
+
+    // Every character is looked at once, and a value is decoded only when no later header replaces it: a link
+    // that is one long row of "=" must not cost the square of its length.
+    const std::string_view text = link;
+    size_t lastAmpersand = text.npos;
+    size_t lastQuestion = text.npos;
+    size_t seen = 0;
+    size_t valueEnd = 0;
+    for (size_t equals = text.find('=', start); equals != text.npos; equals = text.find('=', equals + 1)) {
+        const std::string_view unseen = text.substr(seen, equals - seen);
+        if (const size_t at = unseen.rfind('&'); at != unseen.npos)
+            lastAmpersand = seen + at;
+        if (const size_t at = unseen.rfind('?'); at != unseen.npos)
+            lastQuestion = seen + at;
+        seen = equals;
+
+        const size_t separator = lastAmpersand != text.npos ? lastAmpersand : lastQuestion;
+        const size_t nameBegin = separator == text.npos ? 0 : separator + 1;
+        const std::string_view name = text.substr(nameBegin, equals - nameBegin);
+        logger(8, "NR_URLLauncher.parseHeader(): Header is %.*s\n", static_cast<int>(name.size()), name.data());
+
+        if (valueEnd <= equals)
+            valueEnd = std::min(text.find('&', equals), text.size());
+        for (Header& header : headers) {
+            if (equalsIgnoreCase(name, header.name))
+                header.value = text.substr(equals + 1, valueEnd - equals - 1);
+            else if (name.empty())
+                header.value = "";
+        }
+        if (name.empty())
+            to.clear();
+    }
+
+    for (const Header& header : headers) {
+        if (!header.value)
+            continue;
+        header.output = percentDecode(std::string(*header.value));
+        logger(8, "NR_URLLauncher.parseHeader(): Value is %s\n", header.output.c_str());
+    }
+}
