@@ -5,7 +5,9 @@
 #include "EntryRegistry.h"
 #include "FormAdapter.h"
 #include "FormViewer.h"
+#include "LinkEntry.h"
 #include "MenuNode.h"
+#include "NR_URLLauncher.h"
 #include "NodeAdapter.h"
 #include "UApplication.h"
 #include "UListBox.h"
@@ -134,6 +136,9 @@ void MenuViewer::openEntry(Entry* entry)
         break;
     case ENTRY_NODE:
         openNode(static_cast<NodeAdapter*>(entry)->node());
+        break;
+    case ENTRY_LINK:
+        NR_URLLauncher::launch(vtTypes::ID(static_cast<LinkEntry*>(entry)->url()));
         break;
     default:
         break;
