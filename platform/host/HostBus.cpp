@@ -13,7 +13,10 @@ const Log logger("HostBus");
 QDBusConnection& bus()
 {
     static QDBusConnection connection = [] {
-        QDBusConnection session = QDBusConnection::sessionBus();
+        // Not sessionBus(): that one holds messages back until the event loop runs for the first time, and then
+        // delivers them behind newer ones.
+        QDBusConnection session =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("vistane"));
         if (!session.isConnected())
             logger(3, "no session bus: %s", qUtf8Printable(session.lastError().message()));
         return session;
