@@ -1,0 +1,120 @@
+#include "EventWire.h"
+#include "HostBus.h"
+#include "QCopChannel.h"
+#include "Vistanectl.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+class Watching
+{
+public:
+    Watching(const Vistanectl& ctl, const QStringList& arguments)
+    {
+        mProcess.setProcessEnvironment(ctl.environment);
+        mProcess.start(Vistanectl::program, arguments);
+        EXPECT_TRUE(
+            QTest::qWaitFor([this] { return mProcess.readAllStandardError().contains("watching"); }, 10000));
+    }
+    ~Watching()
+    {
+        mProcess.kill();
+        mProcess.waitForFinished();
+    }
+
+    // The next line that it prints.
+    std::string line()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return mProcess.canReadLine(); }, 10000));
+        return mProcess.readLine().toStdString();
+    }
+
+private:
+    QProcess mProcess;
+};
+
+} // namespace
+
+TEST(Bus, WhatIsSentIsWatched)
+{
+    const Vistanectl ctl;
+    Watching people(ctl, {"watch"});
+    Watching machines(ctl, {"watch", "--json"});
+    const struct
+    {
+        QStringList arguments;
+        const char* line;
+        const char* json;
+    } cases[] = {
+        {{"send", "EVENT_NAVIGATE", "6"},
+         "event\tEVENT_NAVIGATE\t6\n",
+         R"({"kind":"event","mode":0,"name":"EVENT_NAVIGATE","parameters":null,"text":"","value":6})"},
+        {{"send", "EVENT_NOTIFY_STORAGE_STATUS", "-1", "--param", "free=a=b\tc", "--text", "two\nlines",
+          "--param", "used=", "--mode", "-2"},
+         "event\tEVENT_NOTIFY_STORAGE_STATUS\t-1\tmode=-2\ttext=two\\nlines\tparam.free=a=b\\tc\tparam.used=\n",
+         R"({"kind":"event","mode":-2,"name":"EVENT_NOTIFY_STORAGE_STATUS",)"
+         R"("parameters":{"free":"a=b\tc","used":""},"text":"two\nlines","value":-1})"},
+        {{"close"},
+         "channel\t/Vistane/MenuListener\tclose\n",
+         R"({"channel":"/Vistane/MenuListener","data":"","kind":"channel","message":"close"})"},
+        {{"idle"}, "idle\t0\n", R"({"kind":"idle","reason":0})"},
+    };
+    for (const auto& [arguments, line, json] : cases) {
+        const Vistanectl::Result result = ctl.run(arguments);
+        EXPECT_EQ(result.exit, 0) << result.err;
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(people.line(), line);
+        EXPECT_EQ(machines.line(), std::string(json) + '\n');
+    }
+}
+
+TEST(Bus, RequestsChannelDataAndStrangersAreShown)
+{
+    const Vistanectl ctl;
+    Watching watching(ctl, {"watch"});
+    HostBus::send("/Vistane/Platform", "org.vistane.Platform1", "Request",
+                  {"loadURL", QStringList{"http://h/\x1b[1m", ""}});
+    EXPECT_EQ(watching.line(), "request\tloadURL\thttp://h/\\u001b[1m\t\n");
+    QCopChannel::send("/Some/Channel", "hello", QByteArray("\0\xff", 2));
+    EXPECT_EQ(watching.line(), "channel\t/Some/Channel\thello\tdata=00ff\n");
+    HostBus::send(EventWire::path, EventWire::interface, EventWire::signal, {"EVENT_NAVIGATE"});
+    EXPECT_EQ(watching.line(), "unknown\t/Vistane/Events\torg.vistane.Core1\tEvent\ts\n");
+}
+
+TEST(Bus, WithoutABusTheSendersSaySo)
+{
+    Vistanectl ctl;
+    ctl.environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    for (const QStringList& arguments :
+         {QStringList{"send", "EVENT_NAVIGATE"}, {"close"}, {"idle"}, {"watch"}}) {
+        const Vistanectl::Result result = ctl.run(arguments);
+        EXPECT_EQ(result.exit, 4) << arguments.join(' ').toStdString();
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err.find("no session bus"), std::string::npos) << result.err;
+    }
+}
+
+TEST(Bus, WatchingEndsWithTheBus)
+{
+    const Vistanectl ctl;
+    QProcess bus;
+    bus.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bus.canReadLine(); }, 10000));
+    QProcess watching;
+    QProcessEnvironment environment = ctl.environment;
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", QString::fromLatin1(bus.readLine().trimmed()));
+    watching.setProcessEnvironment(environment);
+    watching.start(Vistanectl::program, {"watch"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return watching.readAllStandardError().contains("watching"); }, 10000));
+    bus.kill();
+    bus.waitForFinished();
+    ASSERT_TRUE(watching.waitForFinished(10000));
+    EXPECT_EQ(watching.exitCode(), 4);
+}

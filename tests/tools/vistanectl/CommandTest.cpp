@@ -1,0 +1,220 @@
+#include "Vistanectl.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const char* const pack = R"({
+    "settings": {"VtCore.Menu": {"Details.title": "Details", "Details.visible": true},
+                 "VtNewsReader.UI": {"ScrollingRate": 1}},
+    "channels": [{"id": "c1", "title": "News"}],
+    "profiles": [{"id": "p1", "name": "One"}, {"id": "p2", "name": "Two", "selectable": false}]})";
+
+struct Step
+{
+    QStringList arguments;
+    int exit;
+    std::string out; // whole
+    std::string err; // a part; empty means that there is nothing at all
+};
+
+// Runs the steps one after the other on one store.
+void runAll(const Vistanectl& ctl, const std::vector<Step>& steps)
+{
+    for (const auto& [arguments, exit, out, err] : steps) {
+        SCOPED_TRACE(arguments.join(' ').toStdString());
+        const Vistanectl::Result result = ctl.run(arguments);
+        EXPECT_EQ(result.exit, exit);
+        EXPECT_EQ(result.out, out);
+        EXPECT_EQ(result.err.empty(), err.empty()) << result.err;
+        EXPECT_NE(result.err.find(err), std::string::npos) << result.err;
+    }
+}
+
+const QString title = "VtCore.Menu.Details.title";
+const QString visible = "VtCore.Menu.Details.visible";
+const QString rate = "VtNewsReader.UI.ScrollingRate";
+
+void writeFile(const QString& name, const char* content)
+{
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+} // namespace
+
+TEST(Command, SettingsAreReadSetAndReset)
+{
+    runAll(Vistanectl(pack), {
+                                 {{"get", title}, 0, "Details\n", ""},
+                                 {{"get", visible}, 0, "true\n", ""},
+                                 {{"set", title, "a\tb\\n"}, 0, "", ""},
+                                 {{"get", title}, 0, "a\tb\\n\n", ""},
+                                 {{"set", rate, "-5"}, 0, "", ""},
+                                 {{"list"},
+                                  0,
+                                  "VtCore.Menu.Details.title\tstring\tuser\ta\\tb\\\\n\n"
+                                  "VtCore.Menu.Details.visible\tbool\tpack\ttrue\n"
+                                  "VtNewsReader.UI.ScrollingRate\tint\tuser\t-5\n",
+                                  ""},
+                                 {{"list", "VtNews"}, 0, "VtNewsReader.UI.ScrollingRate\tint\tuser\t-5\n", ""},
+                                 {{"list", "Nothing"}, 0, "", ""},
+                                 {{"reset", title}, 0, "", ""},
+                                 {{"reset", title}, 1, "", title.toStdString()},
+                                 {{"get", title}, 0, "Details\n", ""},
+                                 // Texts that a command line parser could take for something else.
+                                 {{"set", title, ""}, 0, "", ""},
+                                 {{"get", title}, 0, "\n", ""},
+                                 {{"set", title, "{}"}, 0, "", ""},
+                                 {{"get", title}, 0, "{}\n", ""},
+                                 {{"set", title, "[a,b]"}, 0, "", ""},
+                                 {{"get", title}, 0, "[a,b]\n", ""},
+                                 {{"set", title, "close"}, 0, "", ""},
+                                 {{"get", title}, 0, "close\n", ""},
+                                 {{"set", title, "--", "--json"}, 0, "", ""},
+                                 {{"get", title}, 0, "--json\n", ""},
+                             });
+}
+
+TEST(Command, ASettingKeepsItsType)
+{
+    runAll(Vistanectl(pack), {
+                                 {{"set", visible, "1"}, 1, "", visible.toStdString()},
+                                 {{"set", rate, "2147483648"}, 1, "", rate.toStdString()},
+                                 {{"set", rate, " 1"}, 1, "", rate.toStdString()},
+                                 {{"set", rate, "1", "--type", "string"}, 1, "", "int"},
+                                 {{"set", rate, "1", "--type", "float"}, 2, "", "float"},
+                                 {{"get", rate}, 0, "1\n", ""},
+                                 {{"set", "VtCore.Menu.New", "1"}, 1, "", "VtCore.Menu.New"},
+                                 {{"set", "VtCore.Menu.New", "1", "--type", "string"}, 0, "", ""},
+                                 {{"list", "VtCore.Menu.N"}, 0, "VtCore.Menu.New\tstring\tuser\t1\n", ""},
+                             });
+}
+
+TEST(Command, WhatIsMissingOrMisspeltIsNamed)
+{
+    runAll(Vistanectl(pack), {
+                                 {{}, 2, "", "subcommand"},
+                                 {{"gett", title}, 2, "", "gett"},
+                                 {{"get"}, 2, "", "KEY"},
+                                 {{"get", title, "more"}, 2, "", "more"},
+                                 {{"get", "--loud", title}, 2, "", "--loud"},
+                                 {{"get", "VtCore.Menu.Nothing"}, 1, "", "VtCore.Menu.Nothing"},
+                                 {{"get", "VtCore.Menue.title"}, 1, "", "VtCore.Menue.title"},
+                                 {{"get", "VtCore.Menu"}, 1, "", "VtCore.Menu"},
+                                 {{"pack", "chek"}, 2, "", "chek"},
+                                 {{"channel", "remove", "c9"}, 1, "", "c9"},
+                                 {{"channel", "add", "c9", "two\nlines"}, 2, "", "TITLE"},
+                                 {{"profile", "use", "p9"}, 1, "", "p9"},
+                                 {{"profile", "use", "p2"}, 1, "", "p2"},
+                                 {{"device", "set", "colour", "red"}, 1, "", "colour"},
+                                 {{"device", "set", "roaming", "far"}, 1, "", "roaming"},
+                                 {{"send", "EVENT_UNKNOWN"}, 1, "", "EVENT_UNKNOWN"},
+                                 {{"send", "EVENT_NAVIGATE", "six"}, 2, "", "six"},
+                                 {{"send", "EVENT_NAVIGATE", "--param", "x"}, 2, "", "x"},
+                             });
+}
+
+TEST(Command, FactsChannelsAndProfilesAreKept)
+{
+    const Vistanectl ctl(pack);
+    runAll(ctl, {
+                    {{"device", "set", "imsi", "00101"}, 0, "", ""},
+                    {{"device", "set", "roaming", "-1"}, 0, "", ""},
+                    {{"device", "set", "model", "V 1"}, 0, "", ""},
+                    {{"device", "set", "model", ""}, 0, "", ""},
+                    {{"channel", "add", "c2", "Sport"}, 0, "", ""},
+                    {{"channel", "add", "c1", "World"}, 0, "", ""},
+                    {{"channel", "list"}, 0, "c1\tWorld\nc2\tSport\n", ""},
+                    {{"channel", "remove", "c1"}, 0, "", ""},
+                    {{"channel", "list"}, 0, "c2\tSport\n", ""},
+                    {{"profile", "use", "p1"}, 0, "", ""},
+                    {{"profile", "add", "p3", "Three", "--locked"}, 0, "", ""},
+                    {{"profile", "remove", "p2"}, 0, "", ""},
+                    {{"profile", "list"}, 0, "p1\tOne\tselectable\tcurrent\np3\tThree\tlocked\t\n", ""},
+                });
+    const std::string facts = ctl.run({"device", "list"}).out;
+    EXPECT_NE(facts.find("imsi\t00101\n"), std::string::npos) << facts;
+    EXPECT_NE(facts.find("roaming\t-1\n"), std::string::npos) << facts;
+    EXPECT_NE(facts.find("model\t\n"), std::string::npos) << facts;
+}
+
+TEST(Command, PacksAreInstalledWholeOrNotAtAll)
+{
+    const Vistanectl ctl(pack);
+    const QString good = ctl.file("good.json");
+    const QString bad = ctl.file("bad.json");
+    const QString copy = ctl.file("copy.json");
+    writeFile(good, R"({"settings": {"VtCore.Menu": {"Details.title": "New"}}})");
+    writeFile(bad, R"({"settings": {"VtCore.Menu": {"Details.title": "Bad", "x.y": 1.5}}})");
+    runAll(ctl,
+           {
+               {{"pack", "check", good}, 0, "", ""},
+               {{"pack", "check", bad}, 1, "", "VtCore.Menu.x.y"},
+               {{"pack", "install", bad}, 1, "", "VtCore.Menu.x.y"},
+               {{"pack", "install", ctl.file("none.json")}, 1, "", "none.json"},
+               {{"get", title}, 0, "Details\n", ""},
+               {{"set", rate, "3"}, 0, "", ""},
+               {{"pack", "export", copy}, 0, "", ""},
+               {{"pack", "install", good}, 0, "", ""},
+               {{"list"},
+                0,
+                "VtCore.Menu.Details.title\tstring\tpack\tNew\nVtNewsReader.UI.ScrollingRate\tint\tuser\t3\n",
+                ""},
+               {{"pack", "install", copy}, 0, "", ""},
+               {{"reset", rate}, 0, "", ""},
+               {{"get", rate}, 0, "1\n", ""},
+               {{"pack", "export", "/nonexistent/pack.json"}, 1, "", "/nonexistent/pack.json"},
+           });
+    QFile file(copy);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(ctl.run({"pack", "export"}).out, file.readAll().toStdString());
+}
+
+TEST(Command, MachinesGetJson)
+{
+    const Vistanectl ctl(pack);
+    ctl.run({"set", title, "a\tb\n\"c\""});
+    ctl.run({"profile", "use", "p1"});
+    const struct
+    {
+        QStringList arguments;
+        const char* json;
+    } cases[] = {
+        {{"--json", "get", rate}, R"({"key": "VtNewsReader.UI.ScrollingRate", "type": "int", "value": 1})"},
+        {{"list", "VtCore.Menu.Details.t", "--json"},
+         R"([{"key": "VtCore.Menu.Details.title", "type": "string", "layer": "user", "value": "a\tb\n\"c\""}])"},
+        {{"list", "Nothing", "--json"}, "[]"},
+        {{"channel", "--json", "list"}, R"([{"id": "c1", "title": "News"}])"},
+        {{"profile", "list", "--json"},
+         R"([{"id": "p1", "name": "One", "selectable": true, "current": true},
+             {"id": "p2", "name": "Two", "selectable": false, "current": false}])"},
+    };
+    for (const auto& [arguments, json] : cases) {
+        const Vistanectl::Result result = ctl.run(arguments);
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_EQ(QJsonDocument::fromJson(QByteArray::fromStdString(result.out)), QJsonDocument::fromJson(json))
+            << result.out;
+    }
+}
+
+TEST(Command, WithoutAStoreNothingIsPretended)
+{
+    Vistanectl ctl;
+    const QString file = ctl.file("pack.json");
+    writeFile(file, "{}");
+    ctl.environment.insert("VISTANE_DB", "/proc/vistane/core.db");
+    runAll(ctl, {
+                    {{"get", rate}, 3, "", "cannot be used"},
+                    {{"set", rate, "1"}, 3, "", "cannot be used"},
+                    {{"device", "list"}, 3, "", "cannot be used"},
+                    {{"pack", "install", file}, 3, "", "cannot be used"},
+                    {{"pack", "check", file}, 0, "", ""},
+                });
+}

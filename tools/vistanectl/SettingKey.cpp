@@ -1,0 +1,53 @@
+#include "SettingKey.h"
+
+#include "Output.h"
+
+#include <charconv>
+
+std::optional<SettingKey> SettingKey::parse(const std::string& name)
+{
+    // Every group's name has exactly one dot.
+    const size_t inside = name.find('.');
+    const size_t end = inside == std::string::npos ? inside : name.find('.', inside + 1);
+    if (end == std::string::npos || end + 1 == name.size())
+        return std::nullopt;
+    const int group = settingGroupNumber(std::string_view(name).substr(0, end));
+    if (group < 0)
+        return std::nullopt;
+    return SettingKey{group, name.substr(end + 1)};
+}
+
+std::string SettingKey::nameOf(const OperatorPack::Setting& setting)
+{
+    const std::string_view group = settingGroupName(setting.group);
+    return (group.empty() ? std::to_string(setting.group) : std::string(group)) + '.' + setting.key;
+}
+
+std::optional<SettingValue> parseSettingValue(size_t type, const std::string& text)
+{
+    switch (type) {
+    case 0: {
+        int number = 0;
+        const char* end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        if (error != std::errc() || stop != end)
+            return std::nullopt;
+        return number;
+    }
+    case 1:
+        if (text != "true" && text != "false")
+            return std::nullopt;
+        return text == "true";
+    default:
+        return text;
+    }
+}
+
+QJsonValue toJson(const SettingValue& value)
+{
+    if (const auto* text = std::get_if<std::string>(&value))
+        return Output::toJson(*text);
+    if (const auto* flag = std::get_if<bool>(&value))
+        return *flag;
+    return std::get<int>(value);
+}

@@ -1,0 +1,128 @@
+#include "Watcher.h"
+
+#include "EventWire.h"
+#include "HostBus.h"
+#include "Output.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+struct Subscription
+{
+    const char* path; // empty for all
+    const char* interface;
+    const char* signal;
+    const char* slot;
+};
+
+const Subscription subscriptions[] = {
+    {"/Vistane/Events", "org.vistane.Core1", "Event", SLOT(event(QDBusMessage))},
+    {"", "org.vistane.QCop1", "Received", SLOT(channel(QDBusMessage))},
+    {"/Vistane/Platform", "org.vistane.Platform1", "Request", SLOT(request(QDBusMessage))},
+    {"/Vistane/Platform", "org.vistane.Platform1", "ReturnToIdle", SLOT(idle(QDBusMessage))},
+    {"/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", SLOT(busLost())},
+};
+
+QString text(const std::string& utf8)
+{
+    return QString::fromStdString(utf8);
+}
+
+} // namespace
+
+bool Watcher::start()
+{
+    for (const auto& [path, interface, signal, slot] : subscriptions)
+        if (!HostBus::subscribe(QLatin1String(path), QLatin1String(interface), QLatin1String(signal), this,
+                                slot))
+            return false;
+    return HostBus::flush();
+}
+
+void Watcher::event(const QDBusMessage& message)
+{
+    const auto received = EventWire::unpack(message);
+    if (!received)
+        return printUnknown(message);
+    const Vt_Event& event = received->event;
+    QStringList columns = {"event", text(event.name()), QString::number(event.value())};
+    QJsonValue parameters;
+    if (received->mode != 0)
+        columns << "mode=" + QString::number(received->mode);
+    if (!event.text().empty())
+        columns << "text=" + text(event.text());
+    if (event.parameters()) {
+        QJsonObject object;
+        for (const auto& [key, value] : *event.parameters()) {
+            columns << "param." + text(key) + '=' + text(value);
+            object[text(key)] = text(value);
+        }
+        parameters = object;
+    }
+    print(columns, {{"kind", "event"},
+                    {"name", text(event.name())},
+                    {"value", event.value()},
+                    {"mode", received->mode},
+                    {"text", text(event.text())},
+                    {"parameters", parameters}});
+}
+
+void Watcher::channel(const QDBusMessage& message)
+{
+    if (message.signature() != "say")
+        return printUnknown(message);
+    const QString words = message.arguments().at(0).toString();
+    const QString data = QString::fromLatin1(message.arguments().at(1).toByteArray().toHex());
+    QStringList columns = {"channel", message.path(), words};
+    if (!data.isEmpty())
+        columns << "data=" + data;
+    print(columns, {{"kind", "channel"}, {"channel", message.path()}, {"message", words}, {"data", data}});
+}
+
+void Watcher::request(const QDBusMessage& message)
+{
+    if (message.signature() != "sas")
+        return printUnknown(message);
+    const QString operation = message.arguments().at(0).toString();
+    const QStringList arguments = message.arguments().at(1).toStringList();
+    print(
+        QStringList{"request", operation} + arguments,
+        {{"kind", "request"}, {"operation", operation}, {"arguments", QJsonArray::fromStringList(arguments)}});
+}
+
+void Watcher::idle(const QDBusMessage& message)
+{
+    if (message.signature() != "i")
+        return printUnknown(message);
+    const int reason = message.arguments().at(0).toInt();
+    print({"idle", QString::number(reason)}, {{"kind", "idle"}, {"reason", reason}});
+}
+
+void Watcher::busLost()
+{
+    QCoreApplication::quit();
+}
+
+void Watcher::print(const QStringList& columns, const QJsonObject& object) const
+{
+    if (mJson)
+        return Output::line(object);
+    std::string line;
+    for (const QString& column : columns)
+        line += (line.empty() ? "" : "\t") + Output::escaped(column.toStdString());
+    Output::line(line);
+}
+
+void Watcher::printUnknown(const QDBusMessage& message) const
+{
+    print({"unknown", message.path(), message.interface(), message.member(), message.signature()},
+          {{"kind", "unknown"},
+           {"path", message.path()},
+           {"interface", message.interface()},
+           {"signal", message.member()},
+           {"signature", message.signature()}});
+}
