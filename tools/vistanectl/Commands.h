@@ -8,5 +8,7 @@ void addPackCommands(Tool& tool);
 void addDeviceCommands(Tool& tool);
 void addChannelCommands(Tool& tool);
 void addProfileCommands(Tool& tool);
+void addMenuCommand(Tool& tool);
+void addOpenCommand(Tool& tool);
 void addEventCommands(Tool& tool);
 void addWatchCommand(Tool& tool);

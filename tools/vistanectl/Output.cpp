@@ -9,10 +9,13 @@ namespace {
 std::string toText(const Output::Row& row)
 {
     std::string text;
+    const char* separator = "";
     for (const Output::Column& column : row) {
-        if (&column != &row.front())
-            text += '\t';
+        if (column.forMachines)
+            continue;
+        text += separator;
         text += Output::escaped(column.text.value_or(column.value.toVariant().toString().toStdString()));
+        separator = "\t";
     }
     return text;
 }

@@ -17,6 +17,7 @@ struct Column
     const char* name;
     QJsonValue value;
     std::optional<std::string> text = {}; // the value, unless something else reads better
+    bool forMachines = false;             // people see it otherwise
 };
 using Row = std::vector<Column>;
 

@@ -11,8 +11,8 @@
 namespace {
 
 constexpr void (*commandGroups[])(Tool&) = {
-    addSettingCommands, addPackCommands,  addDeviceCommands, addChannelCommands,
-    addProfileCommands, addEventCommands, addWatchCommand,
+    addSettingCommands, addPackCommands, addDeviceCommands, addChannelCommands, addProfileCommands,
+    addMenuCommand,     addOpenCommand,  addEventCommands,  addWatchCommand,
 };
 
 // The platform log must not mix with results.
