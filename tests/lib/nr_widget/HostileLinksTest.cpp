@@ -23,7 +23,7 @@ protected:
     LogCapture quiet;
 };
 
-TEST_F(HostileLinks, startOneProgramWithOneArgumentOrNothing)
+TEST_F(HostileLinks, StartOneProgramWithOneArgumentOrNothing)
 {
     unlink(NR_MessageFile::path);
     for (const LinkRow& row : linkTable("hostile.tsv")) {
@@ -42,7 +42,7 @@ TEST_F(HostileLinks, startOneProgramWithOneArgumentOrNothing)
     EXPECT_NE(access("/tmp/vt-pwned", F_OK), 0);
 }
 
-TEST_F(HostileLinks, aMegabyteOfAnythingIsSurvived)
+TEST_F(HostileLinks, AMegabyteOfAnythingIsSurvived)
 {
     const std::string much(1 << 20, '\xff');
     for (const char* start : {"", "http:", "mailto:", "mailto:a?body=", "smsto:1?text=", "smsto:", "tel:",
@@ -54,7 +54,7 @@ TEST_F(HostileLinks, aMegabyteOfAnythingIsSurvived)
     EXPECT_EQ(calls[0].words.back(), "tel:");
 }
 
-TEST_F(HostileLinks, aLinkPlantedForTheMessageFileIsNeitherWrittenNorSent)
+TEST_F(HostileLinks, ALinkPlantedForTheMessageFileIsNeitherWrittenNorSent)
 {
     QTemporaryDir dir;
     const std::string precious = dir.filePath("precious").toStdString();

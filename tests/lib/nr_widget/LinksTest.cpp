@@ -47,7 +47,7 @@ void checkParsing(const LinkRow& row)
     }
 }
 
-TEST(Links, areTakenApart)
+TEST(Links, AreTakenApart)
 {
     const std::vector<LinkRow> rows = linkTable("links.tsv");
     EXPECT_GT(rows.size(), 150u);
@@ -57,7 +57,7 @@ TEST(Links, areTakenApart)
     }
 }
 
-TEST(Links, askThePlatform)
+TEST(Links, AskThePlatform)
 {
     TestStore store(device);
     FileLock lock(NR_MessageFile::path);
@@ -79,7 +79,7 @@ TEST(Links, askThePlatform)
     }
 }
 
-TEST(Links, onlyMessagesAreLogged)
+TEST(Links, OnlyMessagesAreLogged)
 {
     TestStore store;
     FileLock lock(NR_MessageFile::path);
@@ -98,7 +98,7 @@ TEST(Links, onlyMessagesAreLogged)
 }
 
 // Read the obvious way, some of these cost the square of their length: minutes instead of milliseconds.
-TEST(Links, aLongLinkTakesNoLongerThanItsLengthAsksFor)
+TEST(Links, ALongLinkTakesNoLongerThanItsLengthAsksFor)
 {
     const auto began = std::chrono::steady_clock::now();
     for (const char* piece : {"=", "&=", "?=", "?cc=", "&cc=", "%", "%25", "a", "&", "?", "1", "%2Z"}) {

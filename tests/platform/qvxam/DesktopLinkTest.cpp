@@ -6,7 +6,7 @@ using namespace std::string_literals;
 
 namespace {
 
-TEST(DesktopLink, refusesWhatIsNoLinkOrReachesFilesAndScripts)
+TEST(DesktopLink, RefusesWhatIsNoLinkOrReachesFilesAndScripts)
 {
     const std::string refused[] = {
         "", ":", "home", "/etc/passwd", "/etc/passwd:x", "./a:b", "../a:b", "-x:y", "--help:", "-", "1x:y",
@@ -19,7 +19,7 @@ TEST(DesktopLink, refusesWhatIsNoLinkOrReachesFilesAndScripts)
         EXPECT_EQ(DesktopLink::checked(link), "") << testing::PrintToString(link);
 }
 
-TEST(DesktopLink, escapesWhatALinkCannotHave)
+TEST(DesktopLink, EscapesWhatALinkCannotHave)
 {
     const struct
     {
@@ -37,7 +37,7 @@ TEST(DesktopLink, escapesWhatALinkCannotHave)
         EXPECT_EQ(DesktopLink::checked(link), checked) << testing::PrintToString(link);
 }
 
-TEST(DesktopLink, noValueBringsAHeaderOfItsOwn)
+TEST(DesktopLink, NoValueBringsAHeaderOfItsOwn)
 {
     const struct
     {

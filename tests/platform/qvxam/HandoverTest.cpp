@@ -33,7 +33,7 @@ AM_ActionData mail()
     return data;
 }
 
-TEST(Handover, announcesArgumentsInOrderAndStartsNothingWhenOff)
+TEST(Handover, AnnouncesArgumentsInOrderAndStartsNothingWhenOff)
 {
     DesktopStandIn desktop({"xdg-open", "gnome-contacts"});
     qputenv("VISTANE_HANDOVER", "off");
@@ -58,7 +58,7 @@ TEST(Handover, announcesArgumentsInOrderAndStartsNothingWhenOff)
     EXPECT_EQ(Handover::lastStarted(), startedBefore);
 }
 
-TEST(Handover, mapsEachRequestToTheDesktop)
+TEST(Handover, MapsEachRequestToTheDesktop)
 {
     DesktopStandIn desktop({"xdg-open", "kaddressbook", "gnome-calendar"});
     QTemporaryDir dir;
@@ -94,7 +94,7 @@ TEST(Handover, mapsEachRequestToTheDesktop)
                   {"gnome-calendar", "--date=2007%20$(x)%0A-v"});
 }
 
-TEST(Handover, refusesWhatItDoesNotKnowAndSaysSo)
+TEST(Handover, RefusesWhatItDoesNotKnowAndSaysSo)
 {
     DesktopStandIn desktop({"xdg-open", "gnome-contacts"});
     LogCapture log;
@@ -117,7 +117,7 @@ TEST(Handover, refusesWhatItDoesNotKnowAndSaysSo)
     EXPECT_EQ(lines.at(12), "(Handover:*)[~~~~vistane~~~~]a link that may not be opened: %0Aforged%20line:");
 }
 
-TEST(Handover, whatIsStartedLivesByItself)
+TEST(Handover, WhatIsStartedLivesByItself)
 {
     DesktopStandIn desktop;
     int leaky[2];
@@ -133,7 +133,7 @@ TEST(Handover, whatIsStartedLivesByItself)
     close(leaky[1]);
 }
 
-TEST(Handover, answersFailureWithoutAnOpener)
+TEST(Handover, AnswersFailureWithoutAnOpener)
 {
     DesktopStandIn desktop;
     qputenv("PATH", "/nonexistent");

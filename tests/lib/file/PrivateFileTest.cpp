@@ -36,7 +36,7 @@ protected:
     const std::string other = dir.filePath("other").toStdString();
 };
 
-TEST_F(PrivateFileTest, holdsExactlyTheLastText)
+TEST_F(PrivateFileTest, HoldsExactlyTheLastText)
 {
     const std::string texts[] = {"long text\n with a NUL \0 in it"s, "short", "", std::string(1 << 20, '\xff')};
     for (const std::string& text : texts) {
@@ -47,7 +47,7 @@ TEST_F(PrivateFileTest, holdsExactlyTheLastText)
     EXPECT_EQ(modeOf(path), 0600u);
 }
 
-TEST_F(PrivateFileTest, aFileLeftReadableForAllIsClosedToThem)
+TEST_F(PrivateFileTest, AFileLeftReadableForAllIsClosedToThem)
 {
     std::ofstream(path) << "old and longer";
     chmod(path.c_str(), 0666);
@@ -56,7 +56,7 @@ TEST_F(PrivateFileTest, aFileLeftReadableForAllIsClosedToThem)
     EXPECT_EQ(modeOf(path), 0600u);
 }
 
-TEST_F(PrivateFileTest, nothingPlantedIsFollowed)
+TEST_F(PrivateFileTest, NothingPlantedIsFollowed)
 {
     const struct
     {
@@ -83,7 +83,7 @@ TEST_F(PrivateFileTest, nothingPlantedIsFollowed)
     EXPECT_NE(access(dir.filePath("none").toLocal8Bit(), F_OK), 0) << "made what a dangling link names";
 }
 
-TEST_F(PrivateFileTest, somebodyElsesFileIsLeftAlone)
+TEST_F(PrivateFileTest, SomebodyElsesFileIsLeftAlone)
 {
     if (geteuid() != 0)
         GTEST_SKIP() << "only root can give a file away";
