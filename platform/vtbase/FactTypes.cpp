@@ -38,15 +38,18 @@ bool integer(const SettingValue& value, std::string& text)
     return true;
 }
 
+// On the command line 1 and 0 do as well.
 bool flag(const SettingValue& value, std::string& text)
 {
-    if (const auto* given = std::get_if<std::string>(&value)) {
-        text = *given;
-        return given->empty() || *given == "true" || *given == "false";
+    if (const auto* on = std::get_if<bool>(&value)) {
+        text = *on ? "true" : "false";
+        return true;
     }
-    const auto* given = std::get_if<bool>(&value);
-    text = given && *given ? "true" : "false";
-    return given;
+    const auto* given = std::get_if<std::string>(&value);
+    if (!given)
+        return false;
+    text = *given == "1" ? "true" : *given == "0" ? "false" : *given;
+    return text.empty() || text == "true" || text == "false";
 }
 
 struct Fact

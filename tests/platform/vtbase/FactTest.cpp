@@ -34,7 +34,7 @@ TEST(Fact, WhatTheDeviceCannotTellLeavesTheOutputAlone)
     core.setFact("imsi", "00101");
     core.setFact("current_network", "T\xc3\xa9l\xc3\xa9");
     core.setFact("roaming", "1");
-    core.setFact("friendly", "false");
+    core.setFact("friendly", "0");
     core.setFact("user_select_profile", "true");
     EXPECT_EQ(identity.getIMSI(text), 0);
     EXPECT_EQ(text, U"00101");
