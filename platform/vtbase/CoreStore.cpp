@@ -160,7 +160,7 @@ void CoreStore::use(const std::string& path)
     current().path = path;
 }
 
-CoreStore::CoreStore(std::string path) : mDatabase(std::make_unique<Database>())
+CoreStore::CoreStore(const std::string& path) : mDatabase(std::make_unique<Database>())
 {
     // A bare name could mean something to SQLite, as ":memory:" does.
     std::error_code error;

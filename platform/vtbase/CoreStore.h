@@ -42,7 +42,7 @@ public:
     // be used is renamed to a free name beside it, which is logged, and a new one takes its place; when the
     // disk refuses that, the store lives in memory, holds the built-in pack, and every write answers
     // STORE_UNWRITABLE.
-    explicit CoreStore(std::string path);
+    explicit CoreStore(const std::string& path);
     ~CoreStore();
     CoreStore(const CoreStore&) = delete;
     CoreStore& operator=(const CoreStore&) = delete;

@@ -202,7 +202,7 @@ private:
             return fail(name, "is not a list");
         QSet<QString> ids;
         int number = 0;
-        for (const QJsonValue& value : section.toArray()) {
+        for (const QJsonValue value : section.toArray()) {
             QString itemName = name + QStringLiteral(" item %1").arg(++number);
             if (!value.isObject())
                 return fail(itemName, "is not an object");

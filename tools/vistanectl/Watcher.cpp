@@ -20,10 +20,10 @@ struct Subscription
 };
 
 const Subscription subscriptions[] = {
-    {"/Vistane/Events", "org.vistane.Core1", "Event", SLOT(event(QDBusMessage))},
-    {"", "org.vistane.QCop1", "Received", SLOT(channel(QDBusMessage))},
-    {"/Vistane/Platform", "org.vistane.Platform1", "Request", SLOT(request(QDBusMessage))},
-    {"/Vistane/Platform", "org.vistane.Platform1", "ReturnToIdle", SLOT(idle(QDBusMessage))},
+    {"/Vistane/Events", "org.vistane.Core1", "Event", SLOT(showEvent(QDBusMessage))},
+    {"", "org.vistane.QCop1", "Received", SLOT(showChannel(QDBusMessage))},
+    {"/Vistane/Platform", "org.vistane.Platform1", "Request", SLOT(showRequest(QDBusMessage))},
+    {"/Vistane/Platform", "org.vistane.Platform1", "ReturnToIdle", SLOT(showIdle(QDBusMessage))},
     {"/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", SLOT(busLost())},
 };
 
@@ -43,7 +43,7 @@ bool Watcher::start()
     return HostBus::flush();
 }
 
-void Watcher::event(const QDBusMessage& message)
+void Watcher::showEvent(const QDBusMessage& message)
 {
     const auto received = EventWire::unpack(message);
     if (!received)
@@ -71,7 +71,7 @@ void Watcher::event(const QDBusMessage& message)
                     {"parameters", parameters}});
 }
 
-void Watcher::channel(const QDBusMessage& message)
+void Watcher::showChannel(const QDBusMessage& message)
 {
     if (message.signature() != "say")
         return printUnknown(message);
@@ -83,7 +83,7 @@ void Watcher::channel(const QDBusMessage& message)
     print(columns, {{"kind", "channel"}, {"channel", message.path()}, {"message", words}, {"data", data}});
 }
 
-void Watcher::request(const QDBusMessage& message)
+void Watcher::showRequest(const QDBusMessage& message)
 {
     if (message.signature() != "sas")
         return printUnknown(message);
@@ -94,7 +94,7 @@ void Watcher::request(const QDBusMessage& message)
         {{"kind", "request"}, {"operation", operation}, {"arguments", QJsonArray::fromStringList(arguments)}});
 }
 
-void Watcher::idle(const QDBusMessage& message)
+void Watcher::showIdle(const QDBusMessage& message)
 {
     if (message.signature() != "i")
         return printUnknown(message);

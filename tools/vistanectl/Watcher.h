@@ -17,10 +17,10 @@ public:
     bool start();
 
 private slots:
-    void event(const QDBusMessage& message);
-    void channel(const QDBusMessage& message);
-    void request(const QDBusMessage& message);
-    void idle(const QDBusMessage& message);
+    void showEvent(const QDBusMessage& message);
+    void showChannel(const QDBusMessage& message);
+    void showRequest(const QDBusMessage& message);
+    void showIdle(const QDBusMessage& message);
     void busLost();
 
 private:
