@@ -1,7 +1,7 @@
 #include "SettingHelper.h"
 
 #include "Log.h"
-#include "OperatorPack.h"
+#include "SettingGroups.h"
 #include "UTF_8Util.h"
 #include "VistaneSettingMgr.h"
 #include "vtString.h"
@@ -118,7 +118,7 @@ void setStringSetting(int group, const char* key, const std::string& value)
     }
     std::istringstream stream(value);
     bool error = false;
-    const vtTypes::String line = UTF_8Util::LineReader(stream).readLine(error);
+    vtTypes::String line = UTF_8Util::LineReader(stream).readLine(error);
     if (error) {
         logger(7, "set string failed for %s.%s: invalid string", nameOf(group).c_str(), key);
         return;

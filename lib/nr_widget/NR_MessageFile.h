@@ -9,7 +9,7 @@ namespace NR_MessageFile {
 inline constexpr char path[] = "/tmp/vtsms.txt";
 
 // Puts exactly `text` there, readable by the user alone. Where the file can't be written, or is not the user's own,
-// it stays as it is and nobody is told: the message is composed all the same.
+// it stays as it is and nobody is told: the message is composed all the same, with the text that is there.
 void write(std::string_view text);
 
 } // namespace NR_MessageFile

@@ -52,12 +52,20 @@ void startApplication(std::string_view appId, std::string_view argument = {})
     AM_LauncherClient::launchAppObject(appId, argument, 0, true, true);
 }
 
+// A link must not forge a log line of its own, nor cut one short.
+std::string shownInLog(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, ' ');
+    return text;
+}
+
 // The request to compose a message, its text left in the message file. `launcher` names who asks, in the log.
 AM_ActionData messageRequest(const char* launcher, const std::string& address, const std::string& text,
                              const char* compose)
 {
-    logger(7, "%s: address = %s\n", launcher, address.c_str());
-    logger(7, "%s: text = %s\n", launcher, text.c_str());
+    logger(7, "%s: address = %s\n", launcher, shownInLog(address).c_str());
+    logger(7, "%s: text = %s\n", launcher, shownInLog(text).c_str());
     AM_ActionData request;
     request.setAction("SendMMSSMS");
     request.setValue("ContactList", address);

@@ -8,6 +8,8 @@ FILE* libaplog_to_module_ptr = nullptr;
 
 int _aplog_init_orig(const char* module, int /*flags*/)
 {
+    // Whoever reads the log as it grows is to see each line when it is written, on a pipe too.
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     const char* path = std::getenv("VISTANE_LOG");
     if (!path || !*path)
         return 0;

@@ -10,5 +10,5 @@ extern "C" FILE* libaplog_to_module_ptr;
 
 // Registers the program under `module` and opens its stream: the file named by VISTANE_LOG, appended to line
 // by line. Without that variable, or when the file can't be opened (said once on standard error), the stream
-// stays null. `flags` means nothing on this host. Always returns 0.
+// stays null. Standard output is written line by line from then on. `flags` means nothing on this host. Always returns 0.
 extern "C" int _aplog_init_orig(const char* module, int flags);

@@ -10,6 +10,15 @@ namespace {
 
 const Log logger("HostBus");
 
+// Says once that a bus is gone that was there before.
+class LossReporter : public QObject
+{
+    Q_OBJECT
+
+public slots:
+    void report() { logger(3, "the session bus is gone"); }
+};
+
 QDBusConnection& bus()
 {
     static QDBusConnection connection = [] {
@@ -19,6 +28,10 @@ QDBusConnection& bus()
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("vistane"));
         if (!session.isConnected())
             logger(3, "no session bus: %s", qUtf8Printable(session.lastError().message()));
+        static LossReporter reporter;
+        session.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), &reporter,
+                        SLOT(report()));
         return session;
     }();
     return connection;
@@ -60,3 +73,5 @@ bool flush()
 }
 
 } // namespace HostBus
+
+#include "HostBus.moc"

@@ -6,7 +6,7 @@ class QObject;
 class QString;
 
 // The session bus under all of the platform's messages: signals only, no name owned. Without a bus everything
-// answers false, one log line says so, and the program goes on.
+// answers false, one log line says so, and the program goes on; so it does when the bus goes away.
 namespace HostBus {
 
 // True when there is a session bus.

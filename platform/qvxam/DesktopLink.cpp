@@ -11,7 +11,6 @@ constexpr std::string_view refusedSchemes[] = {"file", "javascript", "data"};
 
 // What a link may have besides letters, digits and "-._~".
 constexpr std::string_view linkPunctuation = "%:/?#[]@!$&'()*+,;=";
-constexpr std::string_view addressPunctuation = "@,+";
 
 bool isLetter(char c)
 {
@@ -68,13 +67,13 @@ std::string plainText(std::string text)
     return text;
 }
 
-std::string addresses(std::string_view text)
+std::string plainAddresses(std::string_view text)
 {
-    return encoded(singleLine(std::string(text)), addressPunctuation);
+    return encoded(singleLine(std::string(text)), "@,+");
 }
 
 // A comma that is encoded belongs to an address, one that is not separates two.
-std::string encodedAddresses(std::string_view text)
+std::string addressesOfLink(std::string_view text)
 {
     std::string result;
     for (;;) {
@@ -122,7 +121,7 @@ std::string checked(std::string_view link)
 std::string mail(std::string_view to, std::string_view cc, std::string_view bcc, std::string_view subject,
                  std::string_view body)
 {
-    std::string link = "mailto:" + encodedAddresses(to);
+    std::string link = "mailto:" + addressesOfLink(to);
     char separator = '?';
     const auto add = [&](const char* header, const std::string& value) {
         if (value.empty())
@@ -132,8 +131,8 @@ std::string mail(std::string_view to, std::string_view cc, std::string_view bcc,
         link += value;
         separator = '&';
     };
-    add("cc=", addresses(cc));
-    add("bcc=", addresses(bcc));
+    add("cc=", plainAddresses(cc));
+    add("bcc=", plainAddresses(bcc));
     add("subject=", encoded(singleLine(std::string(subject)), {}));
     add("body=", encoded(plainText(std::string(body)), {}));
     return link;
@@ -141,7 +140,7 @@ std::string mail(std::string_view to, std::string_view cc, std::string_view bcc,
 
 std::string message(std::string_view address, std::string_view text)
 {
-    const std::string link = "sms:" + addresses(address);
+    const std::string link = "sms:" + addressesOfLink(address);
     return text.empty() ? link : link + "?body=" + encoded(plainText(std::string(text)), {});
 }
 

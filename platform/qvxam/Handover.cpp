@@ -3,10 +3,12 @@
 #include "DesktopLink.h"
 #include "HostBus.h"
 #include "Log.h"
+#include "PlatformSignals.h"
 
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QStringDecoder>
 
 #include <linux/close_range.h>
 #include <unistd.h>
@@ -17,12 +19,17 @@ const Log logger("Handover");
 
 const char opener[] = "xdg-open";
 
+// What Linux lets one argument of a program be, the zero at its end counted.
+constexpr size_t maxArgument = 128 * 1024 - 1;
+
 std::vector<std::string> started;
 
+// Every character counts, a byte order mark at the start too.
 QString asText(std::string_view bytes)
 {
-    return QString::fromUtf8(bytes.data(), qsizetype(bytes.size()))
-        .replace(QChar(0), QChar::ReplacementCharacter);
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    QString text = decoder(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
+    return text.replace(QChar(0), QChar::ReplacementCharacter);
 }
 
 int start(const QString& program, const QStringList& arguments)
@@ -33,6 +40,8 @@ int start(const QString& program, const QStringList& arguments)
     QProcess process;
     process.setProgram(program);
     process.setArguments(arguments);
+    // An opener may look whether a link names a file; here none does by chance.
+    process.setWorkingDirectory(QStringLiteral("/"));
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
@@ -73,8 +82,13 @@ bool announce(std::string_view operation, const std::vector<std::string>& argume
     QStringList texts;
     for (const std::string& argument : arguments)
         texts << asText(argument);
-    HostBus::send(QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
-                  QStringLiteral("Request"), {asText(operation), texts});
+    HostBus::send(PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::request,
+                  {asText(operation), texts});
+    return isOn();
+}
+
+bool isOn()
+{
     return qgetenv("VISTANE_HANDOVER") != "off";
 }
 
@@ -83,6 +97,10 @@ int openLink(std::string_view link)
     const std::string safe = DesktopLink::checked(link);
     if (safe.empty()) {
         logger(3, "a link that may not be opened: %.200s", DesktopLink::escaped(link).c_str());
+        return -1;
+    }
+    if (safe.size() > maxArgument) {
+        logger(3, "a link of %zu bytes is too long to be opened: %.200s", safe.size(), safe.c_str());
         return -1;
     }
     return start(opener, {QString::fromStdString(safe)});

@@ -15,6 +15,9 @@ namespace Handover {
 // isn't, and counts as done.
 bool announce(std::string_view operation, const std::vector<std::string>& arguments);
 
+// False while VISTANE_HANDOVER is off.
+bool isOn();
+
 // Gives a link to the desktop's opener. 0 when that was started, -1 when the link is refused (see
 // DesktopLink::checked) or there is no opener.
 int openLink(std::string_view link);

@@ -4,6 +4,7 @@
 #include "Log.h"
 #include "Look.h"
 #include "PhoneScreen.h"
+#include "PlatformSignals.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFontDatabase>
@@ -36,8 +37,8 @@ UApplication::UApplication(int& argc, char** argv, Type /*type*/)
                   "fonts-dejavu-core");
     loadFixedTexts();
     mScreen = std::make_unique<PhoneScreen>();
-    HostBus::subscribe(QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
-                       QStringLiteral("ReturnToIdle"), this, SLOT(receiveReturnToIdle(int)));
+    HostBus::subscribe(PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::returnToIdle,
+                       this, SLOT(receiveReturnToIdle(int)));
 }
 
 UApplication::~UApplication() = default;

@@ -2,17 +2,17 @@
 
 #include <string>
 
-// The names of the service's events.
+// The names of the service's events. Defined here, so that they are there before anything that includes them.
 namespace NR_Constants {
 
-extern const std::string EVENT_NAVIGATE;
-extern const std::string EVENT_SHOW_HELP_EXCERPT_PAGE;
-extern const std::string EVENT_NOTIFY_NETWORK_UPDATE_STARTED;
-extern const std::string EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED;
-extern const std::string EVENT_NOTIFY_STORAGE_STATUS;
-extern const std::string EVENT_INITIATE_MANUAL_REFRESH;
-extern const std::string EVENT_ABORT_MANUAL_REFRESH;
-extern const std::string EVENT_NOTIFY_MANUAL_REFRESH_STATUS;
-extern const std::string EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR;
+inline const std::string EVENT_NAVIGATE = "EVENT_NAVIGATE";
+inline const std::string EVENT_SHOW_HELP_EXCERPT_PAGE = "EVENT_SHOW_HELP_EXCERPT_PAGE";
+inline const std::string EVENT_NOTIFY_NETWORK_UPDATE_STARTED = "EVENT_NOTIFY_NETWORK_UPDATE_STARTED";
+inline const std::string EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED = "EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED";
+inline const std::string EVENT_NOTIFY_STORAGE_STATUS = "EVENT_NOTIFY_STORAGE_STATUS";
+inline const std::string EVENT_INITIATE_MANUAL_REFRESH = "EVENT_INITIATE_MANUAL_REFRESH";
+inline const std::string EVENT_ABORT_MANUAL_REFRESH = "EVENT_ABORT_MANUAL_REFRESH";
+inline const std::string EVENT_NOTIFY_MANUAL_REFRESH_STATUS = "EVENT_NOTIFY_MANUAL_REFRESH_STATUS";
+inline const std::string EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR = "EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR";
 
 } // namespace NR_Constants

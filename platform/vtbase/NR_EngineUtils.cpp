@@ -2,6 +2,7 @@
 
 #include "CoreStore.h"
 #include "DeviceFacts.h"
+#include "SettingGroups.h"
 #include "VistaneSettingMgr.h"
 
 #include <QByteArray>

@@ -1,6 +1,7 @@
 #include "OperatorPack.h"
 
 #include "Log.h"
+#include "SettingGroups.h"
 
 #include <QFile>
 #include <QJsonArray>

@@ -55,8 +55,3 @@ struct OperatorPack
     // The pack the program carries with it.
     static const OperatorPack& builtIn();
 };
-
-// Names of the setting groups on the wire and in packs: "VtCore.Menu" is 5. An unknown name gives -1, a
-// number without a name the empty string.
-int settingGroupNumber(std::string_view name);
-std::string_view settingGroupName(int group);

@@ -1,4 +1,4 @@
-#include "OperatorPack.h"
+#include "SettingGroups.h"
 
 #include <algorithm>
 #include <array>

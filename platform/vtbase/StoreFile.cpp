@@ -55,7 +55,9 @@ bool makeFolders(const std::filesystem::path& folder)
 {
     if (folder.empty() || ::mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST)
         return true;
-    return errno == ENOENT && makeFolders(folder.parent_path()) && ::mkdir(folder.c_str(), 0700) == 0;
+    // Another program that starts at the same moment may be the one that makes it.
+    return errno == ENOENT && makeFolders(folder.parent_path()) &&
+           (::mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST);
 }
 
 // SQLite would make the file with wider rights.
@@ -73,8 +75,9 @@ Attempt checkFile(const std::string& path)
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0)
         return errno == ENOENT ? makeFile(path) : refusal(errno);
+    // A folder or a device that somebody named by mistake is not ours to move.
     if (!S_ISREG(status.st_mode))
-        return {Attempt::Unusable, "is not a file"};
+        return {Attempt::Refused, "is not a file"};
     if (::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
         return {Attempt::Unusable, "cannot be read"};
     return usable;
@@ -92,8 +95,14 @@ int connect(Sqlite::Connection& connection, const std::string& file, int flags, 
     return result;
 }
 
-// Without the right to write beside it, not even the file's own shared memory can be set up; nobody else
-// writes it then either, so it may be read as it stands.
+bool hasWriteAheadLog(const std::string& path)
+{
+    struct stat status = {};
+    return ::stat((path + "-wal").c_str(), &status) == 0 && status.st_size > 0;
+}
+
+// Without the right to write beside it, not even the file's own shared memory can be set up. Read as it stands,
+// the file is whole only when no write waits in its log.
 int connectUnwritable(Sqlite::Connection& connection, const std::string& path, int& version)
 {
     const QUrl link = QUrl::fromLocalFile(QString::fromStdString(path));
@@ -137,7 +146,8 @@ Attempt openFile(const std::string& path, Sqlite::Connection& connection)
         return attempt;
     int version = 0;
     int result = connect(connection, path, SQLITE_OPEN_READWRITE, version);
-    if (attemptOf(result).result == Attempt::Refused && (result & 0xff) != SQLITE_BUSY)
+    if (attemptOf(result).result == Attempt::Refused && (result & 0xff) != SQLITE_BUSY &&
+        !hasWriteAheadLog(path))
         result = connectUnwritable(connection, path, version);
     if (result != SQLITE_OK)
         return attemptOf(result);

@@ -8,10 +8,11 @@
 
 namespace {
 
-// Three files a call; the last one's name says that all are there.
+// Four files a call; the last one's name says that all are there.
 const char script[] = R"(#!/bin/sh
 record=${0%/*}/$$
 printf '%s\0' "${0##*/}" "$@" > "$record.words"
+pwd > "$record.folder"
 (for descriptor in 0 1 2 3 4 5 6 7 8 9; do readlink /proc/$$/fd/$descriptor; done) > "$record.files"
 read -r _ _ _ _ _ session _ < /proc/$$/stat
 echo "$session" > "$record.part"
@@ -60,7 +61,10 @@ std::vector<DesktopStandIn::Call> DesktopStandIn::take(size_t count)
     std::vector<Call> calls;
     for (const QString& name : done) {
         const QString record = dir.filePath(name.section(u'.', 0, 0));
-        Call call{{}, contentOf(record + ".files"), std::stoi(contentOf(record + ".session"))};
+        Call call{{},
+                  contentOf(record + ".files"),
+                  contentOf(record + ".folder"),
+                  std::stoi(contentOf(record + ".session"))};
         std::istringstream words(contentOf(record + ".words"));
         for (std::string word; std::getline(words, word, '\0');)
             call.words.push_back(word);

@@ -13,6 +13,7 @@ public:
     {
         std::vector<std::string> words; // its name and its arguments, to the byte
         std::string files;              // what its descriptors 0 and up are open on, one a line
+        std::string folder;             // the one it was started in
         int session;
     };
 

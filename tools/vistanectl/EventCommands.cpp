@@ -2,6 +2,7 @@
 
 #include "HostBus.h"
 #include "NR_Constants.h"
+#include "PlatformSignals.h"
 #include "QCopChannel.h"
 #include "Tool.h"
 #include "Vt_Event.h"
@@ -60,8 +61,8 @@ std::shared_ptr<const Vt_Event::Parameters> parametersOf(const std::vector<std::
     return parameters;
 }
 
-// Nothing is sent until the bus has it.
-int finish(const Tool& tool, bool sent, const std::string& what)
+// The exit status of a command that sent something; waits until the bus has it.
+int afterSending(const Tool& tool, bool sent, const std::string& what)
 {
     return sent && HostBus::flush() ? Done : tool.fail(NoBus, what, "there is no session bus");
 }
@@ -73,21 +74,20 @@ int send(const Tool& tool, const Arguments& arguments)
         return tool.fail(Refused, arguments.event, "is no event of the service");
     const Vt_Event event(arguments.event, arguments.value, parametersOf(arguments.parameters), arguments.text);
     const bool sent = Vt_EventAndStatusFacade::instance()->sendEvent(event, arguments.mode) == 0;
-    return finish(tool, sent, arguments.event);
+    return afterSending(tool, sent, arguments.event);
 }
 
 int close(const Tool& tool)
 {
-    return finish(tool, QCopChannel::send("/Vistane/MenuListener", "close"), "close");
+    return afterSending(tool, QCopChannel::send("/Vistane/MenuListener", "close"), "close");
 }
 
 int idle(const Tool& tool)
 {
     constexpr int reason = 0;
-    const bool sent =
-        HostBus::send(QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
-                      QStringLiteral("ReturnToIdle"), {reason});
-    return finish(tool, sent, "idle");
+    const bool sent = HostBus::send(PlatformSignals::path, PlatformSignals::busInterface,
+                                    PlatformSignals::returnToIdle, {reason});
+    return afterSending(tool, sent, "idle");
 }
 
 } // namespace

@@ -21,11 +21,13 @@ int open(const Tool& tool, const std::string& link)
 {
     const bool answer = NR_URLLauncher::launch(vtTypes::ID(link));
     // Nobody would hear of the request if the program ended before the bus has it.
-    HostBus::flush();
+    const bool announced = HostBus::flush();
     const std::string started = joined(Handover::lastStarted());
     Output::Table(tool.json())
         .add({{"started", Output::toJson(started), started.empty() ? "nothing" : started}, {"answer", answer}});
-    return Done;
+    if (!Handover::isOn())
+        return announced ? Done : tool.fail(NoBus, link, "there is no session bus");
+    return started.empty() ? tool.fail(Refused, link, "nothing was started") : Done;
 }
 
 } // namespace

@@ -42,12 +42,9 @@ int get(const Tool& tool, CoreStore& store, const Arguments& arguments)
     return Done;
 }
 
-// The type of a setting: what it has now, else what the command line says.
-std::optional<size_t> typeOf(CoreStore& store, const Arguments& arguments)
+// The type that the command line gives.
+std::optional<size_t> givenType(const Arguments& arguments)
 {
-    SettingValue value;
-    if (store.read(arguments.key.group, arguments.key.key, value) == STORE_OK)
-        return value.index();
     const auto* found = std::find(std::begin(settingTypeNames), std::end(settingTypeNames), arguments.type);
     if (found == std::end(settingTypeNames))
         return std::nullopt;
@@ -56,11 +53,17 @@ std::optional<size_t> typeOf(CoreStore& store, const Arguments& arguments)
 
 int set(const Tool& tool, CoreStore& store, const Arguments& arguments)
 {
-    const std::optional<size_t> type = typeOf(store, arguments);
+    SettingValue current;
+    const int status = store.read(arguments.key.group, arguments.key.key, current);
+    if (status != STORE_OK && status != STORE_NOT_FOUND)
+        return tool.finish(status, arguments.name);
+    const std::optional<size_t> type = status == STORE_OK ? current.index() : givenType(arguments);
     if (!type)
         return tool.fail(Refused, arguments.name, "not found; --type int, bool or string makes it");
     if (!arguments.type.empty() && arguments.type != settingTypeNames[*type])
         return tool.fail(Refused, arguments.name, std::string("is of type ") + settingTypeNames[*type]);
+    if (arguments.value.find('\n') != std::string::npos)
+        return tool.fail(Refused, arguments.name, "a setting is one line");
     const std::optional<SettingValue> value = parseSettingValue(*type, arguments.value);
     if (!value)
         return tool.fail(Refused, arguments.name,

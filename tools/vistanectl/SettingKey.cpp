@@ -1,11 +1,17 @@
 #include "SettingKey.h"
 
 #include "Output.h"
+#include "SettingGroups.h"
 
 #include <charconv>
 
 std::optional<SettingKey> SettingKey::parse(const std::string& name)
 {
+    // A group without a name goes by its number, which is also how it is listed.
+    int number = 0;
+    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+    if (error == std::errc() && *stop == '.' && stop[1] != '\0')
+        return SettingKey{number, stop + 1};
     // Every group's name has exactly one dot.
     const size_t inside = name.find('.');
     const size_t end = inside == std::string::npos ? inside : name.find('.', inside + 1);

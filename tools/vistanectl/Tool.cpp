@@ -2,7 +2,9 @@
 
 #include "CoreStore.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 std::string isLine(const std::string& text)
 {
@@ -58,7 +60,11 @@ int Tool::run(std::vector<std::string> reversedArguments)
             return fail(Usage, unknown.front(), "is not known here; --help tells what is");
         return mApp.exit(error) == 0 ? Done : Usage;
     }
-    return mRun();
+    const int exit = mRun();
+    // Results that nobody can read are no success.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout))
+        return fail(Refused, "standard output", std::strerror(errno));
+    return exit;
 }
 
 int Tool::fail(Exit exit, const std::string& about, const std::string& problem) const

@@ -3,6 +3,7 @@
 #include "EventWire.h"
 #include "HostBus.h"
 #include "Output.h"
+#include "PlatformSignals.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -13,17 +14,19 @@ namespace {
 
 struct Subscription
 {
-    const char* path; // empty for all
-    const char* interface;
-    const char* signal;
+    QString path; // empty for all
+    QString interface;
+    QString signal;
     const char* slot;
 };
 
 const Subscription subscriptions[] = {
     {"/Vistane/Events", "org.vistane.Core1", "Event", SLOT(showEvent(QDBusMessage))},
     {"", "org.vistane.QCop1", "Received", SLOT(showChannel(QDBusMessage))},
-    {"/Vistane/Platform", "org.vistane.Platform1", "Request", SLOT(showRequest(QDBusMessage))},
-    {"/Vistane/Platform", "org.vistane.Platform1", "ReturnToIdle", SLOT(showIdle(QDBusMessage))},
+    {PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::request,
+     SLOT(showRequest(QDBusMessage))},
+    {PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::returnToIdle,
+     SLOT(showIdle(QDBusMessage))},
     {"/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", SLOT(busLost())},
 };
 
@@ -37,8 +40,7 @@ QString text(const std::string& utf8)
 bool Watcher::start()
 {
     for (const auto& [path, interface, signal, slot] : subscriptions)
-        if (!HostBus::subscribe(QLatin1String(path), QLatin1String(interface), QLatin1String(signal), this,
-                                slot))
+        if (!HostBus::subscribe(path, interface, signal, this, slot))
             return false;
     return HostBus::flush();
 }

@@ -23,32 +23,6 @@ void logToStandardError()
         libaplog_to_module_ptr = stderr;
 }
 
-bool isNegativeNumber(const std::string& argument)
-{
-    return argument.size() > 1 && argument[0] == '-' &&
-           std::all_of(argument.begin() + 1, argument.end(),
-                       [](char digit) { return digit >= '0' && digit <= '9'; });
-}
-
-// The arguments with negative numbers moved behind a "--", or they would be taken for options. A number is a
-// command's last argument wherever it has one; one that belongs to the option before it stays there.
-std::vector<std::string> argumentsOf(int argc, char** argv)
-{
-    std::vector<std::string> arguments(argv + 1, argv + argc);
-    if (std::find(arguments.begin(), arguments.end(), "--") != arguments.end())
-        return arguments;
-    std::vector<std::string> front;
-    std::vector<std::string> numbers;
-    for (const std::string& argument : arguments) {
-        const bool isOptionsValue = !front.empty() && front.back().starts_with("--");
-        (isNegativeNumber(argument) && !isOptionsValue ? numbers : front).push_back(argument);
-    }
-    if (!numbers.empty())
-        front.emplace_back("--");
-    front.insert(front.end(), numbers.begin(), numbers.end());
-    return front;
-}
-
 bool isUtf8(const std::string& text)
 {
     vtTypes::String decoded;
@@ -59,7 +33,7 @@ bool isUtf8(const std::string& text)
 
 int main(int argc, char** argv)
 {
-    std::vector<std::string> arguments = argumentsOf(argc, argv);
+    std::vector<std::string> arguments(argv + 1, argv + argc);
     const QCoreApplication application(argc, argv);
     logToStandardError();
     Tool tool;

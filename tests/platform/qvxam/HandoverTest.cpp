@@ -127,6 +127,7 @@ TEST(Handover, WhatIsStartedLivesByItself)
     ASSERT_EQ(calls.size(), 1u);
     EXPECT_TRUE(calls[0].files.starts_with("/dev/null\n/dev/null\n/dev/null\n")) << calls[0].files;
     EXPECT_EQ(calls[0].files.find("pipe:"), std::string::npos) << calls[0].files;
+    EXPECT_EQ(calls[0].folder, "/\n") << "a link must not name a file of the folder we happen to be in";
     EXPECT_NE(calls[0].session, getsid(0));
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "left a child behind";
     close(leaky[0]);

@@ -2,6 +2,7 @@
 #include "NR_ContentCache.h"
 #include "NR_EngineUtils.h"
 #include "NR_OpProfile.h"
+#include "SettingGroups.h"
 #include "TestStore.h"
 #include "Vt_EventAndStatusFacade.h"
 #include "Vt_RkEventStatusAdapter.h"

@@ -126,14 +126,12 @@ TEST_F(StoreFileTest, AFileThatCannotBeUsedIsKeptUnderAnotherName)
              makeStore();
              sql("DROP TABLE profile");
          }},
-        {"a folder", [&] { fs::create_directories(path() + "/sub"); }},
     };
     size_t count = 0;
     for (const auto& [what, spoil] : cases) {
         SCOPED_TRACE(what);
         spoil();
-        const bool isFile = fs::is_regular_file(path());
-        const std::string before = isFile ? contentOf(path()) : "";
+        const std::string before = contentOf(path());
         const LogCapture log;
         {
             CoreStore store(path());
@@ -143,10 +141,30 @@ TEST_F(StoreFileTest, AFileThatCannotBeUsedIsKeptUnderAnotherName)
         }
         const std::string kept = path() + ".set-aside-" + std::to_string(++count);
         ASSERT_TRUE(fs::exists(kept));
-        EXPECT_EQ(isFile ? contentOf(kept) : "", before);
+        EXPECT_EQ(contentOf(kept), before);
         ASSERT_EQ(log.lines().size(), 1u) << log.text();
         EXPECT_NE(log.text().find(kept), std::string::npos);
         EXPECT_NE(log.text().find("VistaneStore"), std::string::npos);
+        fs::remove_all(path());
+    }
+}
+
+TEST_F(StoreFileTest, WhatIsNoFileStaysWhereItIs)
+{
+    const std::function<void()> plants[] = {
+        [&] { fs::create_directories(path() + "/sub"); },
+        [&] { mkfifo(path().c_str(), 0600); },
+    };
+    for (const auto& plant : plants) {
+        plant();
+        const fs::file_type type = fs::status(path()).type();
+        const LogCapture log;
+        CoreStore store(path());
+        EXPECT_FALSE(store.isOnDisk());
+        EXPECT_TRUE(startsFromThePack(store));
+        EXPECT_EQ(fs::status(path()).type(), type);
+        EXPECT_TRUE(setAside().empty());
+        EXPECT_EQ(log.lines().size(), 1u) << log.text();
         fs::remove_all(path());
     }
 }
@@ -163,28 +181,33 @@ TEST_F(StoreFileTest, CompanionFilesGoWithTheFileTheyBelongTo)
 
 TEST_F(StoreFileTest, ProgramsThatStartTogetherAgreeOnOneFile)
 {
-    std::ofstream(path()) << "no database";
-    std::vector<pid_t> children;
-    for (int i = 0; i < 6; ++i) {
-        const pid_t child = fork();
-        if (child == 0) {
-            const LogCapture log;
-            CoreStore store(path());
-            _exit(store.write(menu, "key" + std::to_string(i), i) == STORE_OK ? 0 : 1);
+    const auto startTogether = [](const std::string& where) {
+        std::vector<pid_t> children;
+        for (int i = 0; i < 6; ++i) {
+            const pid_t child = fork();
+            if (child == 0) {
+                const LogCapture log;
+                CoreStore store(where);
+                _exit(store.write(menu, "key" + std::to_string(i), i) == STORE_OK ? 0 : 1);
+            }
+            children.push_back(child);
         }
-        children.push_back(child);
-    }
-    for (pid_t child : children) {
-        int status = -1;
-        waitpid(child, &status, 0);
-        EXPECT_EQ(status, 0);
-    }
+        for (pid_t child : children) {
+            int status = -1;
+            waitpid(child, &status, 0);
+            EXPECT_EQ(status, 0) << where;
+        }
+        CoreStore store(where);
+        for (int i = 0; i < 6; ++i) {
+            SettingValue value;
+            EXPECT_EQ(store.read(menu, "key" + std::to_string(i), value), STORE_OK) << where;
+        }
+    };
+    std::ofstream(path()) << "no database";
+    startTogether(path());
     EXPECT_EQ(setAside().size(), 1u);
-    CoreStore store(path());
-    for (int i = 0; i < 6; ++i) {
-        SettingValue value;
-        EXPECT_EQ(store.read(menu, "key" + std::to_string(i), value), STORE_OK);
-    }
+    for (int i = 0; i < 20; ++i)
+        startTogether(folder() + "/new" + std::to_string(i) + "/x/y/core.db");
 }
 
 TEST_F(StoreFileTest, WithoutAPlaceOnDiskTheStoreLivesInMemory)

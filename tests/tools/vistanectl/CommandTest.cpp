@@ -1,3 +1,4 @@
+#include "DesktopStandIn.h"
 #include "Vistanectl.h"
 
 #include <QFile>
@@ -180,7 +181,7 @@ TEST(Command, PacksAreInstalledWholeOrNotAtAll)
 TEST(Command, MachinesGetJson)
 {
     const Vistanectl ctl(pack);
-    ctl.run({"set", title, "a\tb\n\"c\""});
+    ctl.run({"set", title, "a\tb\\n\"c\""});
     ctl.run({"profile", "use", "p1"});
     const struct
     {
@@ -189,7 +190,7 @@ TEST(Command, MachinesGetJson)
     } cases[] = {
         {{"--json", "get", rate}, R"({"key": "VtNewsReader.UI.ScrollingRate", "type": "int", "value": 1})"},
         {{"list", "VtCore.Menu.Details.t", "--json"},
-         R"([{"key": "VtCore.Menu.Details.title", "type": "string", "layer": "user", "value": "a\tb\n\"c\""}])"},
+         R"([{"key": "VtCore.Menu.Details.title", "type": "string", "layer": "user", "value": "a\tb\\n\"c\""}])"},
         {{"list", "Nothing", "--json"}, "[]"},
         {{"channel", "--json", "list"}, R"([{"id": "c1", "title": "News"}])"},
         {{"profile", "list", "--json"},
@@ -216,5 +217,37 @@ TEST(Command, WithoutAStoreNothingIsPretended)
                     {{"device", "list"}, 3, "", "cannot be used"},
                     {{"pack", "install", file}, 3, "", "cannot be used"},
                     {{"pack", "check", file}, 0, "", ""},
+                });
+}
+
+TEST(Command, OddArgumentsAndResultsThatGoNowhere)
+{
+    const Vistanectl ctl(pack);
+    runAll(ctl, {
+                    {{"channel", "add", "-1", "Title"}, 0, "", ""},
+                    {{"channel", "list"}, 0, "c1\tNews\n-1\tTitle\n", ""},
+                    {{"set", title, "a\nb"}, 1, "", title.toStdString()},
+                    {{"set", "11.z.z", "5", "--type", "int"}, 0, "", ""},
+                    {{"list", "11."}, 0, "11.z.z\tint\tuser\t5\n", ""},
+                    {{"reset", "11.z.z"}, 0, "", ""},
+                });
+    QProcess full;
+    full.setProcessEnvironment(ctl.environment);
+    full.setStandardOutputFile("/dev/full");
+    full.start(Vistanectl::program, {"pack", "export"});
+    ASSERT_TRUE(full.waitForFinished());
+    EXPECT_EQ(full.exitCode(), 1);
+}
+
+TEST(Command, OpensLinksAndSaysWhatWasStarted)
+{
+    const DesktopStandIn desktop;
+    Vistanectl ctl(pack);
+    ctl.environment.insert("PATH", qEnvironmentVariable("PATH"));
+    ctl.environment.insert("VISTANE_HANDOVER", "desktop");
+    runAll(ctl, {
+                    {{"open", "tel:+1(202)5550123"}, 0, "xdg-open tel:+12025550123\ttrue\n", ""},
+                    {{"open", "javascript:alert(1)"}, 1, "nothing\tfalse\n", "nothing was started"},
+                    {{"open", "home"}, 1, "nothing\tfalse\n", "nothing was started"},
                 });
 }

@@ -1,4 +1,5 @@
 #include "OperatorPack.h"
+#include "SettingGroups.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
