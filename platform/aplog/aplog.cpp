@@ -11,14 +11,12 @@ int _aplog_init_orig(const char* module, int /*flags*/)
     // Whoever reads the log as it grows is to see each line when it is written, on a pipe too.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     const char* path = std::getenv("VISTANE_LOG");
-    if (!path || !*path)
-        return 0;
-    FILE* stream = std::fopen(path, "ae");
-    if (!stream) {
+    FILE* stream = path && *path ? std::fopen(path, "ae") : nullptr;
+    if (!stream && path && *path)
         std::fprintf(stderr, "%s: cannot write the log %s: %s\n", module, path, std::strerror(errno));
-        return 0;
-    }
-    std::setvbuf(stream, nullptr, _IOLBF, BUFSIZ);
-    libaplog_to_module_ptr = stream;
+    // Line by line, so that the last lines are not lost with a program that is killed.
+    std::setvbuf(stream ? stream : stdout, nullptr, _IOLBF, BUFSIZ);
+    if (stream)
+        libaplog_to_module_ptr = stream;
     return 0;
 }

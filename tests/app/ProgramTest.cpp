@@ -1,0 +1,255 @@
+#include "CoreStore.h"
+#include "HostBus.h"
+#include "QCopChannel.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <functional>
+#include <linux/capability.h>
+#include <sys/prctl.h>
+
+namespace {
+
+constexpr int systemGroup = 8;
+constexpr char modeKey[] = "EnabledMode";
+const std::string modeOff = "DISABLED_NORMAL_MODE";
+
+// The built program, on a store and with a log of its own.
+class Program
+{
+public:
+    Program()
+    {
+        environment.insert("VISTANE_DB", storePath());
+        environment.insert("VISTANE_LOG", dir.filePath("log"));
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.remove("VISTANE_SCREEN");
+    }
+
+    ~Program()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    QString storePath() const { return dir.filePath("core.db"); }
+
+    // Another process's view of its store.
+    CoreStore store() const { return CoreStore(storePath().toStdString()); }
+
+    void start()
+    {
+        process.setProcessEnvironment(environment);
+        // File permissions bind it even when the tests are run by root.
+        process.setChildProcessModifier([] {
+            prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+            prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
+        });
+        process.start(QStringLiteral(VISTANE_MENU), QStringList());
+        ASSERT_TRUE(process.waitForStarted());
+    }
+
+    std::string log() const
+    {
+        QFile file(dir.filePath("log"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+    }
+
+    // How often the log says so.
+    int count(const std::string& text) const
+    {
+        int found = 0;
+        const std::string all = log();
+        for (size_t at = 0; (at = all.find(text, at)) != std::string::npos; at += text.size())
+            ++found;
+        return found;
+    }
+
+    bool waitForLog(const std::string& text, int times = 1)
+    {
+        return QTest::qWaitFor([&] { return count(text) >= times; }, 20000);
+    }
+
+    // Does `request` until the program has ended, for it may not be listening yet.
+    void endBy(const std::function<void()>& request)
+    {
+        for (int tries = 0; tries < 200 && process.state() == QProcess::Running; ++tries) {
+            request();
+            process.waitForFinished(100);
+        }
+        EXPECT_EQ(process.state(), QProcess::NotRunning);
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process.exitCode(), 0);
+        EXPECT_EQ(count("telephony client finished"), 1) << log();
+    }
+
+    QTemporaryDir dir;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    QProcess process;
+};
+
+void sendToMenu(const char* message = "")
+{
+    EXPECT_TRUE(QCopChannel::send("/Vistane/MenuListener", message));
+    HostBus::flush();
+}
+
+void askForIdleScreen()
+{
+    EXPECT_TRUE(HostBus::send("/Vistane/Platform", "org.vistane.Platform1", "ReturnToIdle", {5}));
+    HostBus::flush();
+}
+
+const std::string noImsi = "(Vt_Menu:70)[~~~~vistane~~~~]cannot get IMSI\n";
+const std::string noMsisdn = "(Vt_Menu:78)[~~~~vistane~~~~]cannot get MSISDN\n";
+
+TEST(Program, WaitsForTheIdentity)
+{
+    Program program;
+    program.store().setFact("imsi", "");
+    program.start();
+    ASSERT_TRUE(program.waitForLog(noImsi, 2));
+    sendToMenu();
+    EXPECT_FALSE(program.process.waitForFinished(100)) << "nothing but the identity ends the wait";
+    program.store().setFact("imsi", "001010123456789");
+    const int attempts = program.count(noImsi);
+    program.endBy([] { sendToMenu(); });
+    EXPECT_EQ(program.count(noImsi), attempts);
+    EXPECT_EQ(program.count(noMsisdn), 0);
+}
+
+// Whoever reads the log through a pipe is told of the wait while it lasts.
+TEST(Program, LogsToStandardOutputLineByLine)
+{
+    Program program;
+    program.store().setFact("imsi", "");
+    program.environment.remove("VISTANE_LOG");
+    program.start();
+    std::string output;
+    const auto isSaid = [&] {
+        output += program.process.readAllStandardOutput().toStdString();
+        return output.ends_with(noImsi);
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isSaid, 5000)) << output;
+}
+
+TEST(Program, StartsWithoutATelephoneNumber)
+{
+    Program program;
+    program.store().setFact("msisdn", "");
+    program.start();
+    program.endBy([] { sendToMenu(); });
+    EXPECT_EQ(program.count(noMsisdn), 1);
+    EXPECT_EQ(program.count(noImsi), 0);
+}
+
+TEST(Program, EndsBySignalWhileItWaits)
+{
+    for (const int number : {SIGTERM, SIGINT}) {
+        Program program;
+        program.store().setFact("imsi", "");
+        program.start();
+        ASSERT_TRUE(program.waitForLog(noImsi));
+        kill(static_cast<pid_t>(program.process.processId()), number);
+        EXPECT_TRUE(program.process.waitForFinished(2000));
+        EXPECT_EQ(program.process.exitCode(), number);
+    }
+}
+
+// In all ways the same, with the menu on the screen or with the question before it, which stays unanswered.
+TEST(Program, EndsWithStatusZero)
+{
+    const struct
+    {
+        const char* what;
+        std::function<void()> request;
+    } endings[] = {
+        {"message", [] { sendToMenu("close"); }},
+        {"message without a name", [] { sendToMenu(""); }},
+        {"return to idle", askForIdleScreen},
+    };
+    for (const std::string& mode : {std::string("ENABLED_NORMAL_MODE"), modeOff}) {
+        for (const auto& ending : endings) {
+            SCOPED_TRACE(mode + ", " + ending.what);
+            Program program;
+            program.store().write(systemGroup, modeKey, mode);
+            program.start();
+            program.endBy(ending.request);
+            SettingValue after = std::string();
+            program.store().read(systemGroup, modeKey, after);
+            EXPECT_EQ(after, SettingValue(mode));
+        }
+    }
+}
+
+TEST(Program, RunsWithoutABus)
+{
+    Program program;
+    program.environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+    program.start();
+    ASSERT_TRUE(program.waitForLog("no session bus: "));
+    EXPECT_FALSE(program.process.waitForFinished(1000));
+    EXPECT_EQ(program.count("no session bus: "), 1) << program.log();
+}
+
+TEST(Program, RunsOnAScreenOfNoSize)
+{
+    for (const char* size : {"banana", "0x0", "240", "99999x99999"}) {
+        SCOPED_TRACE(size);
+        Program program;
+        program.environment.insert("VISTANE_SCREEN", size);
+        program.start();
+        program.endBy([] { sendToMenu(); });
+        EXPECT_EQ(program.count(std::string("VISTANE_SCREEN is ") + size + ", but a size such as 240x320"), 1);
+    }
+}
+
+TEST(Program, RunsOnAStoreOfNoUse)
+{
+    const struct
+    {
+        const char* what;
+        std::function<void(Program&)> spoil;
+        std::string logged;
+    } cases[] = {
+        {"directory", [](Program& p) { QDir().mkpath(p.storePath()); }, "is not a file: kept as "},
+        {"garbage",
+         [](Program& p) {
+             QFile file(p.storePath());
+             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+             file.write(QByteArray(5000, 'x'));
+         },
+         "is no database of ours: kept as "},
+        {"no folder for it", [](Program& p) { p.environment.insert("VISTANE_DB", "/proc/vistane/core.db"); },
+         "no change will be saved"},
+        {"unreadable",
+         [](Program& p) {
+             p.store();
+             QFile::setPermissions(p.storePath(), {});
+         },
+         "cannot be read: kept as "},
+        {"read-only",
+         [](Program& p) {
+             p.store();
+             QFile::setPermissions(p.storePath(), QFile::ReadOwner);
+         },
+         ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        Program program;
+        c.spoil(program);
+        program.start();
+        program.endBy([] { sendToMenu(); });
+        EXPECT_NE(program.log().find(c.logged), std::string::npos) << program.log();
+    }
+}
+
+} // namespace
