@@ -11,12 +11,12 @@
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
 
+#include <QPointer>
 #include <QRegularExpression>
+#include <QThread>
 #include <QTimerEvent>
 
 #include <utility>
-
-#include <unistd.h>
 
 namespace {
 
@@ -29,7 +29,7 @@ constexpr int rightSoftKeyCode = 4154;
 
 // A service that reports in a storm must not pile up timers, nor notices in each other's event loops.
 constexpr size_t maxWaiting = 16;
-constexpr int maxNotices = 4;
+constexpr size_t maxNotices = 8;
 
 QString menuText(const char* key)
 {
@@ -62,6 +62,8 @@ ManRefreshView::~ManRefreshView()
     deleteProgressDlg();
     deleteMsgDlg();
     delete mpKeyObj;
+    for (UNoticeDlg* notice : mNotices)
+        notice->close(false);
     auto* facade = Vt_EventAndStatusFacade::instance();
     facade->removeEventHandler(NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR, this);
     facade->removeEventHandler(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS, this);
@@ -98,13 +100,11 @@ void ManRefreshView::scheduleDlg(State state)
 {
     if (isHide)
         return;
-    if (mTimerStates.size() >= maxWaiting) {
-        mTimerStates.rbegin()->second = state;
-        return;
-    }
-    const int id = startTimer(0);
-    if (id > 0)
-        mTimerStates[id] = state;
+    // In a storm, what came last replaces what came before it; timers fire in the order of their start.
+    if (mTimerStates.size() < maxWaiting)
+        mLastTimer = startTimer(0);
+    if (mLastTimer > 0)
+        mTimerStates[mLastTimer] = state;
     if (state == State::CONNECTING)
         UApplication::instance()->wakeUpGuiThread();
 }
@@ -205,14 +205,17 @@ void ManRefreshView::showRetryDlg(State state)
         mConnErr = true;
 }
 
-// False when too many notices are up already and this one was left out.
+// False when too many notices are up already and this one was left out, or when this view is gone.
 bool ManRefreshView::runNotice(UNoticeDlg& notice)
 {
-    if (mNotices == maxNotices)
+    if (mNotices.size() == maxNotices)
         return false;
-    ++mNotices;
+    const QPointer self(this);
+    mNotices.push_back(&notice);
     notice.exec();
-    --mNotices;
+    if (!self)
+        return false;
+    mNotices.pop_back();
     return true;
 }
 
@@ -248,7 +251,7 @@ void ManRefreshView::startRefresh()
 {
     const Vt_Event event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, 0);
     handleEvent(event);
-    sleep(retryPause);
+    QThread::sleep(retryPause);
     send(event);
 }
 

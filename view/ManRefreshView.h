@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <map>
+#include <vector>
 
 class UKeyObject;
 class UMessageDlg;
@@ -40,7 +41,7 @@ public slots:
     void rightSoftKey();
     void leftSoftKey();
     // Closes the progress dialog and shows what belongs to the state. May run a nested event loop.
-    void showDlg(ManRefreshView::State state);
+    void showDlg(State state);
     void slotKeyPress(int key);
 
 signals:
@@ -72,5 +73,6 @@ private:
     std::map<int, State> mTimerStates; // states waiting for their timer
     bool mDownErr = false;             // a download error was raised and not yet answered
     bool mConnErr = false;             // a connection error, likewise
-    int mNotices = 0;                  // notices that are up, one in the event loop of the other
+    int mLastTimer = 0;                // the timer that was started last
+    std::vector<UNoticeDlg*> mNotices; // those that are up, each in the event loop of the one before
 };
