@@ -34,8 +34,8 @@ phone_begin() {
 
 phone_end() {
     local job
-    for job in "${phone_jobs[@]}"; do kill "$job" 2>/dev/null; done
-    wait 2>/dev/null
+    for job in "${phone_jobs[@]}"; do kill "$job" 2>/dev/null || true; done
+    wait 2>/dev/null || true
     rm -rf "$phone_dir"
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "RefreshStatus.h"
+
 #include <optional>
 
 // Where a manual refresh stands, as the service's events last put it.
@@ -13,14 +15,6 @@ enum class RefreshState : int {
     QUEUE_ERROR = 6,
 };
 
-// What the service reports of a run. It may send other numbers, too.
-enum RefreshStatus {
-    STATUS_CONNECT_FAILED = 0,
-    STATUS_DOWNLOADING = 1,
-    STATUS_DOWNLOAD_FAILED = 2,
-    STATUS_DONE = 3,
-    STATUS_CONNECTING = 4,
-};
-
-// The state after the service reported `status` in `state`; nothing when the report is to be ignored altogether.
+// The state after the service reported `status`, a RefreshStatus or any other number, in `state`; nothing when the
+// report is to be ignored altogether.
 std::optional<RefreshState> stateAfter(RefreshState state, int status);

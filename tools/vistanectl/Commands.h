@@ -11,4 +11,5 @@ void addProfileCommands(Tool& tool);
 void addMenuCommand(Tool& tool);
 void addOpenCommand(Tool& tool);
 void addEventCommands(Tool& tool);
+void addServiceCommand(Tool& tool);
 void addWatchCommand(Tool& tool);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr void (*commandGroups[])(Tool&) = {
     addSettingCommands, addPackCommands, addDeviceCommands, addChannelCommands, addProfileCommands,
-    addMenuCommand,     addOpenCommand,  addEventCommands,  addWatchCommand,
+    addMenuCommand,     addOpenCommand,  addEventCommands,  addServiceCommand,  addWatchCommand,
 };
 
 // The platform log must not mix with results.
