@@ -61,7 +61,7 @@ phone_start() {
 }
 
 # The screen rests when two looks at it, a moment apart, see the same.
-phone_look() { maim -u -i "$phone_window" 2>/dev/null | md5sum; }
+phone_look() { { maim -u -i "$phone_window" 2>/dev/null || true; } | md5sum; }
 phone_rest() {
     local seen last=
     for ((i = 0; i < 40; i++)); do

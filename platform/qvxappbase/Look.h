@@ -33,7 +33,8 @@ inline constexpr QColor barText{0xff, 0xff, 0xff};
 inline constexpr QColor highlight{0x17, 0x6b, 0xa8};
 inline constexpr QColor highlightText{0xff, 0xff, 0xff};
 inline constexpr QColor highlightQuiet{0xd3, 0xe6, 0xf5};
-inline constexpr QColor highlightGreyed{0xd5, 0xdc, 0xe2};
+inline constexpr QColor highlightGreyed{0xc3, 0xd0, 0xda};
+inline constexpr QColor highlightGreyedText{0x6c, 0x7b, 0x88};
 inline constexpr QColor dim{0x0b, 0x18, 0x22, 0x8c};
 
 enum class Text { Title, Row, Value, Heading, Body, Caption, SoftKey };

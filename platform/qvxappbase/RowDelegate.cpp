@@ -15,6 +15,7 @@ constexpr int marqueeGap = 40;
 
 struct RowColors
 {
+    QColor background;
     QColor text;
     QColor quiet;
 };
@@ -22,9 +23,10 @@ struct RowColors
 RowColors colors(bool highlighted, bool enabled)
 {
     if (highlighted)
-        return enabled ? RowColors{Look::highlightText, Look::highlightQuiet}
-                       : RowColors{Look::highlightGreyed, Look::highlightGreyed};
-    return enabled ? RowColors{Look::text, Look::quiet} : RowColors{Look::greyed, Look::greyed};
+        return enabled ? RowColors{Look::highlight, Look::highlightText, Look::highlightQuiet}
+                       : RowColors{Look::highlightGreyed, Look::highlightGreyedText, Look::highlightGreyedText};
+    return enabled ? RowColors{Look::page, Look::text, Look::quiet}
+                   : RowColors{Look::page, Look::greyed, Look::greyed};
 }
 
 // The first line is what the row is about, the others say more in a smaller hand.
@@ -88,9 +90,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
 
     painter->save();
     painter->setLayoutDirection(option.direction);
-    if (highlighted)
-        painter->fillRect(option.rect, Look::highlight);
-    else
+    painter->fillRect(option.rect, color.background);
+    if (!highlighted)
         painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Look::line);
 
     QRect area = textArea(option.rect);
