@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <sstream>
 
 namespace {
 
@@ -50,9 +51,10 @@ void MenuNode::clearChildren()
 void MenuNode::loadChildren()
 {
     loading.push_back(this);
-    const std::string names = MenuSettings::text(mName + ".ChildIDs") + ',';
-    for (size_t start = 0, comma; (comma = names.find(',', start)) != std::string::npos; start = comma + 1) {
-        std::string name = names.substr(start, comma - start);
+    // The list is read as C text: a zero character ends all of it, not only the name in which it stands.
+    std::istringstream names(MenuSettings::text(mName + ".ChildIDs").c_str());
+    std::string name;
+    while (std::getline(names, name, ',')) {
         trimSpaces(name.data());
         Entry* entry = EntryRegistry::instance()->find(name.c_str());
         if (!entry || entry->isHidden())

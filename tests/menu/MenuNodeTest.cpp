@@ -8,9 +8,20 @@
 
 namespace {
 
+using namespace std::string_literals;
+
 constexpr const char* entryNames[] = {
     "SetupHeadlines",     "CustomHomeMode", "AddNewChannel", "HowToUse", "ManageMyChannels",
     "ConfigureHeadlines", "Scrolling",      "Download",      "Details",  "Profile"};
+
+std::string nameOf(const Entry* entry)
+{
+    for (const char* name : entryNames) {
+        if (EntryRegistry::instance()->find(name) == entry)
+            return name;
+    }
+    return "?";
+}
 
 // The names of the node's children after a fresh load: "Scrolling,Download".
 std::string listed(MenuNode* node)
@@ -18,12 +29,8 @@ std::string listed(MenuNode* node)
     node->clearChildren();
     node->loadChildren();
     std::string names;
-    for (const Entry* child : node->mChildren) {
-        for (const char* name : entryNames) {
-            if (EntryRegistry::instance()->find(name) == child)
-                names += (names.empty() ? "" : ",") + std::string(name);
-        }
-    }
+    for (const Entry* child : node->mChildren)
+        names += (names.empty() ? "" : ",") + nameOf(child);
     return names;
 }
 
@@ -32,7 +39,7 @@ TEST(MenuNode, LoadsItsChildrenFromTheStore)
     MenuStore store;
     setBoolSetting(GROUP_MENU, "HowToUse.visible", false);
     // The root's child list, its sub-menu's, and what the root then lists.
-    const std::tuple<const char*, const char*, const char*> menus[] = {
+    const std::tuple<std::string, const char*, const char*> menus[] = {
         {" CustomHomeMode , Scrolling ,Download  ", "", "CustomHomeMode,Scrolling,Download"},
         {"Scrolling,Nothing,,Download,", "", "Scrolling,Download"},
         {"Scrolling,Download,Scrolling", "", "Scrolling,Download,Scrolling"},
@@ -41,6 +48,7 @@ TEST(MenuNode, LoadsItsChildrenFromTheStore)
         {"   ", "", ""},
         {",,", "", ""},
         {"HowToUse,Profile", "", "Profile"}, // one is hidden
+        {"Scrolling,Download\0,Profile"s, "", "Scrolling,Download"},
 
         {"ConfigureHeadlines,Profile", "Scrolling,Download", "ConfigureHeadlines,Profile"},
         {"ConfigureHeadlines,Profile", "Scrolling", "Scrolling,Profile"},
@@ -75,6 +83,29 @@ TEST(MenuNode, AppendsListsOfAnyLengthUntilCleared)
     node->loadChildren();
     node->loadChildren();
     EXPECT_EQ(node->mChildren.size(), 2002u);
+}
+
+// Its only child is null.
+class HollowNode : public MenuNode
+{
+public:
+    HollowNode() : MenuNode("Hollow", 0) {}
+
+    bool isHidden() const override { return false; }
+    bool isEnabled() const override { return true; }
+    std::string title() const override { return {}; }
+    std::string label() const override { return {}; }
+    void loadChildren() override { mChildren.push_back(nullptr); }
+};
+
+TEST(MenuNode, LeavesOutASubMenuWhoseOnlyChildIsNull)
+{
+    MenuStore store;
+    static HollowNode hollow;
+    static NodeAdapter adapter(&hollow);
+    EntryRegistry::instance()->add("Hollow", &adapter, ENTRY_NODE);
+    setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", "Scrolling,Hollow,Download");
+    EXPECT_EQ(listed(nodeOf("SetupHeadlines")), "Scrolling,Download");
 }
 
 TEST(MenuNode, IsEmptyWithoutAChildList)
