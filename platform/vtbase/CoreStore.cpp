@@ -136,6 +136,16 @@ OperatorPack::Setting readSetting(const Run& row)
     return setting;
 }
 
+// Columns as of ListChannels and ReadChannel.
+OperatorPack::Channel readChannel(const Run& row)
+{
+    OperatorPack::Channel channel;
+    channel.id = row.text(0);
+    if (!row.isNull(1))
+        channel.title = row.text(1);
+    return channel;
+}
+
 // Hands over what was read, unless the reading failed.
 template <typename Result>
 int answer(int status, Result& result, Result& output)
@@ -259,13 +269,20 @@ int CoreStore::setFact(std::string_view name, std::string_view value)
 int CoreStore::channels(std::vector<OperatorPack::Channel>& channels)
 {
     std::vector<OperatorPack::Channel> result;
-    const int status = forEachRow(mDatabase->queries[StoreQueries::ListChannels], [&](const Run& row) {
-        OperatorPack::Channel& channel = result.emplace_back();
-        channel.id = row.text(0);
-        if (!row.isNull(1))
-            channel.title = row.text(1);
-    });
+    const int status = forEachRow(mDatabase->queries[StoreQueries::ListChannels],
+                                  [&](const Run& row) { result.push_back(readChannel(row)); });
     return answer(status, result, channels);
+}
+
+int CoreStore::channel(std::string_view id, OperatorPack::Channel& channel)
+{
+    Run run(mDatabase->queries[StoreQueries::ReadChannel], id);
+    const int result = run.step();
+    if (result == SQLITE_DONE)
+        return STORE_NOT_FOUND;
+    if (result == SQLITE_ROW)
+        channel = readChannel(run);
+    return readStatus(result);
 }
 
 int CoreStore::addChannel(const OperatorPack::Channel& channel)

@@ -59,7 +59,8 @@ public:
     int list(std::vector<Listed>& settings);
 
     // The operator's layer, all or nothing. Installing replaces the settings of the pack layer, and device
-    // facts, channels and profiles where the pack brings them; the user's values stay.
+    // facts, channels and profiles where the pack brings them; the user's values stay. With new profiles, the
+    // one in force stays in force when it is among them, else the first that can be chosen comes into force.
     int installPack(const OperatorPack& pack);
     int exportPack(OperatorPack& pack);
 
@@ -69,9 +70,10 @@ public:
     int setFact(std::string_view name, std::string_view value);
 
     // Channels in the order of the container that holds them. One without a title is named by the container
-    // but is not in the cache. Adding an existing one sets its title; removing an unknown one answers
+    // but is not in the cache. Adding an existing one sets its title; reading or removing an unknown one answers
     // STORE_NOT_FOUND.
     int channels(std::vector<OperatorPack::Channel>& channels);
+    int channel(std::string_view id, OperatorPack::Channel& channel);
     int addChannel(const OperatorPack::Channel& channel);
     int removeChannel(std::string_view id);
 

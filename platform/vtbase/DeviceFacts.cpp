@@ -22,17 +22,25 @@ int get(std::string_view name, int& number)
     const int status = CoreStore::instance().fact(name, value);
     if (status != STORE_OK)
         return status;
-    const auto result = std::from_chars(value.data(), value.data() + value.size(), number);
-    return result.ec == std::errc() ? STORE_OK : STORE_WRONG_TYPE;
+    const char* end = value.data() + value.size();
+    int parsed = 0;
+    const auto [stop, error] = std::from_chars(value.data(), end, parsed);
+    if (error != std::errc() || stop != end)
+        return STORE_WRONG_TYPE;
+    number = parsed;
+    return STORE_OK;
 }
 
 int get(std::string_view name, bool& flag)
 {
     std::string value;
     const int status = CoreStore::instance().fact(name, value);
-    if (status == STORE_OK)
-        flag = value == "true";
-    return status;
+    if (status != STORE_OK)
+        return status;
+    if (value != "true" && value != "false")
+        return STORE_WRONG_TYPE;
+    flag = value == "true";
+    return STORE_OK;
 }
 
 } // namespace DeviceFacts

@@ -3,8 +3,6 @@
 #include "CoreStore.h"
 #include "vtString.h"
 
-#include <algorithm>
-
 namespace {
 
 const vtTypes::ID userChannels("container1");
@@ -32,14 +30,12 @@ int NR_ContentCache::get(const vtTypes::ID& id, Container& container)
 
 int NR_ContentCache::get(const vtTypes::ID& id, Channel& channel)
 {
-    std::vector<OperatorPack::Channel> channels;
-    if (const int status = CoreStore::instance().channels(channels); status != STORE_OK)
+    OperatorPack::Channel stored;
+    if (const int status = CoreStore::instance().channel(id.text(), stored); status != STORE_OK)
         return status;
-    const auto found = std::find_if(channels.begin(), channels.end(),
-                                    [&](const OperatorPack::Channel& one) { return one.id == id.text(); });
-    if (found == channels.end() || !found->title)
+    if (!stored.title)
         return STORE_NOT_FOUND;
-    if (!vtStringFromUtf8(*found->title, channel.title))
+    if (!vtStringFromUtf8(*stored.title, channel.title))
         return STORE_FAILED;
     channel.id = id;
     return STORE_OK;

@@ -16,6 +16,7 @@ constexpr const char* texts[] = {
     "INSERT OR REPLACE INTO fact(name, value) VALUES(?1, ?2)",
     "SELECT name, value FROM fact",
     "SELECT id, title FROM channel ORDER BY position",
+    "SELECT id, title FROM channel WHERE id = ?1",
     "INSERT INTO channel(id, title) VALUES(?1, ?2) ON CONFLICT(id) DO UPDATE SET title = excluded.title",
     "DELETE FROM channel WHERE id = ?1",
     "SELECT id, name, selectable FROM profile ORDER BY position",

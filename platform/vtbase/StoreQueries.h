@@ -18,6 +18,7 @@ public:
         WriteFact,     // name, value
         ListFacts,     // -> name, value
         ListChannels,  // -> id, title
+        ReadChannel,   // id -> id, title
         WriteChannel,  // id, title
         RemoveChannel, // id
         ListProfiles,  // -> id, name, selectable

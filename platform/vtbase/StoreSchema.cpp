@@ -93,7 +93,7 @@ int readCurrentProfile(Sqlite::Connection& connection, std::string& id)
     return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
-// The profile in force stays in force when the new list still has it.
+// The profile in force stays in force when the new list still has it, else the first one to choose follows it.
 int writeProfiles(Sqlite::Connection& connection, const std::vector<OperatorPack::Profile>& profiles)
 {
     std::string current;
@@ -107,6 +107,11 @@ int writeProfiles(Sqlite::Connection& connection, const std::vector<OperatorPack
                 return Sqlite::Statement::Run(statement, profile.id, profile.name, profile.selectable, current)
                     .step();
             });
+    if (result == SQLITE_OK)
+        result = connection.execute(R"(
+            UPDATE profile SET current = 1
+            WHERE position = (SELECT min(position) FROM profile WHERE selectable)
+              AND NOT EXISTS(SELECT 1 FROM profile WHERE current))");
     return result;
 }
 

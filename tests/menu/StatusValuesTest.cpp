@@ -177,7 +177,7 @@ TEST_F(StatusValuesTest, ListsTheProfiles)
     TestStore profiles(
         R"({"profiles": [{"id": "p1", "name": "أ"}, {"id": "p2", "name": "Two", "selectable": false},
                                         {"id": "p3", "name": "Three"}]})");
-    EXPECT_EQ(StatusValues::currentProfile(), "");
+    EXPECT_EQ(StatusValues::currentProfile(), "أ");
     EXPECT_EQ(StatusValues::profileList(), "أ\nDISABLE:Two\nThree\n");
     EXPECT_EQ(StatusValues::state().selectableProfiles.size(), 3u);
     CoreStore::instance().setCurrentProfile("p2");

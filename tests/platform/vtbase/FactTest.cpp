@@ -64,6 +64,20 @@ TEST(Fact, OnlyValuesThatAFactCanHaveAreKept)
     EXPECT_EQ(core.fact("roaming", value), STORE_NOT_FOUND);
 }
 
+TEST(Fact, ValuesOfAnotherTypeAreRefused)
+{
+    const TestStore store;
+    OperatorPack pack;
+    pack.device = {{"roaming", "1x"}, {"friendly", "yes"}};
+    ASSERT_EQ(CoreStore::instance().installPack(pack), STORE_OK);
+    int number = 4;
+    bool flag = true;
+    EXPECT_EQ(Vt_EventAndStatusFacade::instance()->getRoamingStatus(number), STORE_WRONG_TYPE);
+    EXPECT_EQ(NR_EngineUtils::friendlyNetworkStatus(flag), STORE_WRONG_TYPE);
+    EXPECT_EQ(number, 4);
+    EXPECT_TRUE(flag);
+}
+
 TEST(Fact, NetworkAccessFollowsTheDownloadOption)
 {
     const TestStore store;
@@ -138,6 +152,11 @@ TEST(Fact, TheContainerNamesChannelsThatTheCacheMayLack)
         EXPECT_EQ(cache.get(channel.id, channel) == 0, !channels[i].title.empty());
         EXPECT_EQ(channel.title, channels[i].title);
     }
+    OperatorPack::Channel channel;
+    EXPECT_EQ(core.channel("nowhere", channel), STORE_NOT_FOUND);
+    EXPECT_EQ(core.channel("a", channel), STORE_OK);
+    EXPECT_EQ(channel.id, "a");
+    EXPECT_EQ(channel.title, std::nullopt);
     EXPECT_EQ(core.removeChannel("a"), STORE_OK);
     EXPECT_EQ(core.removeChannel("a"), STORE_NOT_FOUND);
 }
@@ -158,7 +177,7 @@ TEST(Fact, ProfilesKeepTheOperatorsOrder)
     EXPECT_EQ(profile.getOpLanguageString(U"a", name), 0);
     EXPECT_EQ(name, U"\u00c4");
 
-    EXPECT_EQ(profile.getCurrentProfile(), U"");
+    EXPECT_EQ(profile.getCurrentProfile(), U"z");
     EXPECT_EQ(profile.installProfile(U"a"), 0);
     EXPECT_NE(profile.installProfile(U"x"), 0);
     EXPECT_EQ(profile.getCurrentProfile(), U"a");

@@ -119,6 +119,29 @@ TEST(Pack, InstallingReplacesTheOperatorsLayerOnly)
     EXPECT_EQ(text, "q");
 }
 
+TEST(Pack, AProfileIsInForceWheneverOneCanBeChosen)
+{
+    const TestStore store;
+    CoreStore& core = CoreStore::instance();
+    // The profiles that packs bring one after the other, and the one then in force.
+    const std::pair<std::vector<OperatorPack::Profile>, const char*> steps[] = {
+        {{{"a", "A", false}, {"b", "B", true}, {"c", "C", true}}, "b"},
+        {{{"c", "C", true}, {"b", "B", false}}, "b"},
+        {{{"a", "A", false}, {"d", "D", true}}, "d"},
+        {{{"a", "A", false}}, ""},
+        {{}, ""},
+        {{{"a", "A", true}}, "a"},
+    };
+    for (const auto& [profiles, expected] : steps) {
+        OperatorPack pack;
+        pack.profiles = profiles;
+        ASSERT_EQ(core.installPack(pack), STORE_OK);
+        std::string current;
+        core.currentProfile(current);
+        EXPECT_EQ(current, expected);
+    }
+}
+
 TEST(Pack, ARefusedInstallationChangesNothing)
 {
     const TestStore store(R"({"settings": {"VtCore.Menu": {"n": 1}}, "device": {"imsi": "1"}})");
