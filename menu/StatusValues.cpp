@@ -11,6 +11,7 @@
 #include "Vt_EventAndStatusFacade.h"
 #include "vtString.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <iterator>
 
@@ -42,6 +43,15 @@ std::string updateResultLabel(const std::string& result)
     return {};
 }
 
+// A name as one line of a list. The cut to 16 bits can make a line feed of another character, which would count
+// as a line more.
+std::string oneLine(const vtTypes::String& name)
+{
+    std::string line = vtStringToUtf8(name);
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    return line;
+}
+
 std::string networkName(int (Vt_EventAndStatusFacade::*get)(vtTypes::String&))
 {
     vtTypes::String name;
@@ -58,7 +68,7 @@ std::string profileName(const vtTypes::String& profile)
 {
     vtTypes::String name;
     StatusValues::operatorProfile().getOpLanguageString(profile, name);
-    return vtStringToUtf8(name);
+    return oneLine(name);
 }
 
 } // namespace
@@ -128,7 +138,7 @@ std::string subscription()
         if (cache.get(id, channel) != 0)
             continue;
         ++count;
-        names += vtStringToUtf8(channel.title) + '\n';
+        names += oneLine(channel.title) + '\n';
     }
     return std::to_string(count) + ' ' + text("Details.ChannelsLabel") + '\n' + names;
 }

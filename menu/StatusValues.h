@@ -31,8 +31,9 @@ NR_OpProfile& operatorProfile();
 void follow(const Vt_Event& event);
 
 std::string lastConnection(); // date and time, a line feed, and the result
-std::string subscription();   // the number of channels, then a line for each; empty without a channel list
-std::string homeNetwork();    // empty when the device can't tell
+std::string
+subscription();            // the number of channels, then a line for each; empty when the content can't be read
+std::string homeNetwork(); // empty when the device can't tell
 std::string currentNetwork(); // likewise
 std::string downloadMode();   // when the service may download
 std::string roamingStatus();  // roaming or not; a friendly network counts as home

@@ -4,7 +4,10 @@
 #include "MenuStore.h"
 #include "NR_Constants.h"
 #include "SettingHelper.h"
+#include "Sqlite.h"
 #include "Vt_Event.h"
+
+#include <sqlite3.h>
 
 #include <array>
 #include <climits>
@@ -88,6 +91,30 @@ TEST_F(StatusValuesTest, ListsTheChannels)
     }
     CoreStore::instance().installPack(many);
     EXPECT_EQ(StatusValues::subscription(), "1000 \n" + names) << "the pack's label is gone";
+}
+
+TEST_F(StatusValuesTest, KeepsEachNameOnOneLine)
+{
+    // The second character becomes a line feed when it is cut to its low 16 bits.
+    TestStore store(R"({"channels": [{"id": "a", "title": "A\ud840\udc0aB"}],
+                        "profiles": [{"id": "p", "name": "P\ud840\udc0aQ"}, {"id": "r", "name": "R"}]})");
+    EXPECT_EQ(StatusValues::subscription(), "1 \nA B\n");
+    EXPECT_EQ(StatusValues::profileList(), "P Q\nR\n");
+    CoreStore::instance().setCurrentProfile("p");
+    EXPECT_EQ(StatusValues::currentProfile(), "P Q");
+}
+
+TEST_F(StatusValuesTest, ShowsNothingOfAStoreThatIsBroken)
+{
+    TestStore store(R"({"channels": [{"id": "a", "title": "A"}], "profiles": [{"id": "p", "name": "P"}]})");
+    StatusValues::profileList();
+    Sqlite::Connection file;
+    ASSERT_EQ(file.open(store.path(), SQLITE_OPEN_READWRITE), SQLITE_OK);
+    ASSERT_EQ(file.execute("DROP TABLE channel; DROP TABLE profile"), SQLITE_OK);
+    EXPECT_EQ(StatusValues::subscription(), "");
+    EXPECT_EQ(StatusValues::profileList(), "");
+    EXPECT_TRUE(StatusValues::state().selectableProfiles.empty());
+    EXPECT_EQ(StatusValues::currentProfile(), "");
 }
 
 TEST_F(StatusValuesTest, NamesTheNetworks)
