@@ -14,6 +14,7 @@ namespace {
 // Where a navigation event leads.
 enum NavigationCode { PREVIOUS_CHANNEL = 5, NEXT_CHANNEL = 6, READ_STORY = 7 };
 
+// None of the events sent here carries a map, which is null then, not empty.
 void navigate(int code)
 {
     Vt_EventAndStatusFacade::instance()->sendEvent(Vt_Event(NR_Constants::EVENT_NAVIGATE, code), 1);
@@ -99,7 +100,7 @@ ApiProvider::ApiProvider() : Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_
     facade.addEventHandler(NR_Constants::EVENT_NOTIFY_STORAGE_STATUS, this);
     registerApis(*ApiRegistry::instance());
     StatusValues::operatorProfile();
-    MemoryFile::load(MemoryFile::path, StatusValues::state());
+    MemoryFile::load(MemoryFile::defaultPath, StatusValues::state());
 }
 
 ApiProvider::~ApiProvider()
@@ -107,7 +108,7 @@ ApiProvider::~ApiProvider()
     Vt_EventAndStatusFacade& facade = *Vt_EventAndStatusFacade::instance();
     facade.removeEventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_STARTED, this);
     facade.removeEventHandler(NR_Constants::EVENT_NOTIFY_STORAGE_STATUS, this);
-    MemoryFile::save(MemoryFile::path, StatusValues::state());
+    MemoryFile::save(MemoryFile::defaultPath, StatusValues::state());
 }
 
 void ApiProvider::handleEvent(const Vt_Event& event)

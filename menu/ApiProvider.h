@@ -10,7 +10,7 @@ public:
     static ApiProvider* instance();
 
     // Subscribes, registers the functions and reads "/tmp/vtmem". The functions and what they know are the
-    // process's, so there is one provider at a time.
+    // process's: a second provider would change the same ones.
     ApiProvider();
     // Unsubscribes and writes "/tmp/vtmem"; the functions stay registered.
     ~ApiProvider() override;

@@ -5,18 +5,18 @@ struct State;
 }
 
 // The file that carries the memory texts of the details page from one run to the next: three lines, the total,
-// free and used memory as they are shown.
+// free and used memory as they are shown. It is a PrivateFile. Whatever fails is not reported.
 //
-// It stands where everybody can write, so only a regular file of this user's own, with no other name, is read or
-// written: never one behind a symbolic link. Whatever fails is not reported.
+// The ApiProvider saves it when it is torn down; the program's provider lives as long as the process, so nothing
+// saves the file while the program runs.
 namespace MemoryFile {
 
-inline constexpr char path[] = "/tmp/vtmem";
+inline constexpr char defaultPath[] = "/tmp/vtmem";
 
 // Reads the texts into `state`. A line that is not there leaves its text alone.
 void load(const char* path, StatusValues::State& state);
 
-// Writes the texts of `state`, creating the file (0600) when there is none.
+// Writes the texts of `state`.
 void save(const char* path, const StatusValues::State& state);
 
 } // namespace MemoryFile

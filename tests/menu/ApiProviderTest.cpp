@@ -2,6 +2,7 @@
 
 #include "ApiRegistry.h"
 #include "CoreStore.h"
+#include "FileLock.h"
 #include "HowToUseAction.h"
 #include "MemoryFile.h"
 #include "MenuStore.h"
@@ -16,11 +17,8 @@
 #include <QStringList>
 #include <QTest>
 
+#include <cstdio>
 #include <fstream>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace {
 
@@ -124,7 +122,7 @@ TEST(ApiProvider, InstallsTheProfileOfTheListLastShown)
     EXPECT_EQ(apis.text("CURRENT_PROFILE_API"), "Two");
     EXPECT_EQ(getIntSetting(GROUP_MENU, "ProfileSelected"), 1);
 
-    // The mark is set first, so it stands even when the profile is gone since it was listed.
+    // The mark is set even when the profile is gone since it was listed.
     setIntSetting(GROUP_MENU, "ProfileSelected", 0);
     CoreStore::instance().removeProfile("p1");
     apis.set("SET_PROFILE_API", 0);
@@ -132,34 +130,29 @@ TEST(ApiProvider, InstallsTheProfileOfTheListLastShown)
     EXPECT_EQ(apis.text("CURRENT_PROFILE_API"), "Two");
 }
 
-// Holds "/tmp/vtmem", which all processes share, and leaves it as it was.
-class MemoryFileLock
+// Has the memory file to itself, and leaves it as it was.
+class OwnMemoryFile
 {
 public:
-    MemoryFileLock() : mLock(open("/tmp/vistane-tests.vtmem.lock", O_RDWR | O_CREAT | O_CLOEXEC, 0666))
+    OwnMemoryFile() : mHadFile(rename(MemoryFile::defaultPath, kept) == 0) {}
+    ~OwnMemoryFile()
     {
-        flock(mLock, LOCK_EX);
-        mHadFile = rename(MemoryFile::path, kept) == 0;
-    }
-    ~MemoryFileLock()
-    {
-        unlink(MemoryFile::path);
+        std::remove(MemoryFile::defaultPath);
         if (mHadFile)
-            rename(kept, MemoryFile::path);
-        close(mLock);
+            rename(kept, MemoryFile::defaultPath);
     }
 
 private:
     static constexpr char kept[] = "/tmp/vtmem.kept-by-tests";
-    const int mLock;
-    bool mHadFile;
+    const FileLock mLock{MemoryFile::defaultPath};
+    const bool mHadFile;
 };
 
-TEST(ApiProvider, FollowsTheServiceUntilTornDown)
+TEST(ApiProvider, FollowsTheServiceAndSavesTheMemoryTexts)
 {
     MenuStore store;
-    MemoryFileLock lock;
-    std::ofstream(MemoryFile::path) << "1 M\n2 M\n3 M\n";
+    OwnMemoryFile file;
+    std::ofstream(MemoryFile::defaultPath) << "1 M\n2 M\n3 M\n";
     StatusValues::state() = {};
     StatusValues::State& state = StatusValues::state();
     Vt_EventAndStatusFacade& facade = *Vt_EventAndStatusFacade::instance();
@@ -178,8 +171,12 @@ TEST(ApiProvider, FollowsTheServiceUntilTornDown)
         EXPECT_TRUE(QTest::qWaitFor([&] { return state.freeMemoryText == "9 M"; }));
     }
     std::string saved;
-    std::getline(std::ifstream(MemoryFile::path), saved, '\0');
+    std::getline(std::ifstream(MemoryFile::defaultPath), saved, '\0');
     EXPECT_EQ(saved, "1 M\n9 M\n3 M\n");
+    Wire wire; // what comes now must not go to the provider that is gone
+    for (const Vt_Event& event : {started, completed, storage})
+        facade.sendEvent(event, 0);
+    EXPECT_EQ(wire.events().size(), 3);
 }
 
 } // namespace

@@ -85,6 +85,19 @@ TEST(Entries, AnswerFromTheirOwnKeys)
     }
 }
 
+TEST(Entries, AskNothingMoreOnceTheirFlagIsFalse)
+{
+    TestStore store;
+    for (const auto& e : entries) {
+        const Entry* entry = entryOf(e.name);
+        setBoolSetting(GROUP_MENU, (e.name + ".visible").c_str(), false);
+        setBoolSetting(GROUP_MENU, (e.name + ".enabled").c_str(), false);
+        LogCapture log;
+        EXPECT_TRUE(entry->isHidden() && !entry->isEnabled()) << e.name;
+        EXPECT_EQ(log.text(), "") << e.name;
+    }
+}
+
 TEST(Entries, AreRegisteredUnderExactNames)
 {
     MenuStore store;

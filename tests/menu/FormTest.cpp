@@ -2,10 +2,12 @@
 #include "CustomHomeModeForm.h"
 #include "DownloadForm.h"
 #include "FormAdapter.h"
+#include "LogCapture.h"
 #include "MenuStore.h"
 #include "ProfileForm.h"
 #include "ScrollingForm.h"
 #include "SettingHelper.h"
+#include "SetupHeadlinesNode.h"
 
 #include <climits>
 #include <span>
@@ -73,6 +75,21 @@ TEST(TableForms, ReadAndWriteWhatTheirTablesSay)
     CustomHomeModeForm mode;
     EXPECT_EQ(labels(mode), "[][General.OnLabel][General.OffLabel][]");
     walk<std::string>(mode, modes, getStringSetting, setStringSetting, GROUP_SYSTEM, "EnabledMode");
+}
+
+TEST(Forms, TakeWhatCanNotBeWritten)
+{
+    CoreStore::use("/dev/null/core.db"); // can't be a file, so every write fails
+    ScrollingForm scrolling;
+    ASSERT_EQ(scrolling.currentIndex(), 1) << "the built-in pack's";
+    LogCapture log;
+    EXPECT_TRUE(scrolling.setValue(0));
+    EXPECT_EQ(scrolling.currentIndex(), 1);
+    SetupHeadlinesNode().acceptWarning();
+    const std::string prefix = "(SettingHelper:*)[~~~~vistane~~~~]";
+    EXPECT_EQ(log.lines(),
+              (std::vector{prefix + "set 3 setting failed for VtNewsReader.UI.ScrollingRate: 3",
+                           prefix + "set string ENABLED_NORMAL_MODE failed for VtCore.System.EnabledMode: 3"}));
 }
 
 TEST(Forms, WarnBeforeWhatCanNotBeTakenBackLightly)
