@@ -18,10 +18,6 @@
 
 namespace vtmenu {
 
-namespace {
-constexpr int uiGroup = 9;
-}
-
 DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
     : UKbMainWidget(parent, name, 0), mNode(node)
 {
@@ -29,7 +25,7 @@ DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
     setContentWidget(mDetailView);
 
     mSoftKey = new USoftKey("CST_2A", this, this);
-    if (getBoolSetting(uiGroup, "ManualRefresh")) {
+    if (getBoolSetting(GROUP_UI, "ManualRefresh")) {
         mSoftKey->setText(USoftKey::Left, tr("TXT_RID_SOFTKEY_REFRESH", "Refresh"), 0);
         mSoftKey->setClickedSlot(USoftKey::Left, SLOT(refresh()));
     }

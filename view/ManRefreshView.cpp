@@ -22,8 +22,6 @@ namespace {
 
 const Log logger("ManRefreshView");
 
-constexpr int dcdGroup = 1;
-constexpr int menuGroup = 5;
 constexpr int leftSoftKeyCode = 4152;
 constexpr int rightSoftKeyCode = 4154;
 
@@ -33,7 +31,7 @@ constexpr size_t maxNotices = 8;
 
 QString menuText(const char* key)
 {
-    return QString::fromUtf8(getStringSetting(menuGroup, key));
+    return QString::fromUtf8(getStringSetting(GROUP_MENU, key));
 }
 
 void send(const Vt_Event& event)
@@ -159,8 +157,8 @@ void ManRefreshView::showProgressDlg(State state)
 
 void ManRefreshView::showSuccessNotice()
 {
-    const int items = getIntSetting(dcdGroup, "RuntimeValues.ItemsDownloaded");
-    const int bytes = getIntSetting(dcdGroup, "RuntimeValues.BytesDownloaded");
+    const int items = getIntSetting(GROUP_DCD, "RuntimeValues.ItemsDownloaded");
+    const int bytes = getIntSetting(GROUP_DCD, "RuntimeValues.BytesDownloaded");
     QString text = menuText("ManRefresh.Instruction.DownloadSuccessed");
     text = text.arg(items, 0, 10);
     text = text.arg(bytes / 1024, 0, 10);
