@@ -13,3 +13,12 @@ constexpr TableForm<int>::Choice choices[] = {
 } // namespace
 
 DownloadForm::DownloadForm() : TableForm("Download", {GROUP_SERVICE, "DownloadOption"}, choices) {}
+
+const char* DownloadForm::labelKey(int option)
+{
+    for (const Choice& choice : choices) {
+        if (choice.value == option)
+            return choice.labelKey;
+    }
+    return nullptr;
+}

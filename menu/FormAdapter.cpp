@@ -1,5 +1,7 @@
 #include "FormAdapter.h"
 
+#include "ListText.h"
+
 bool FormAdapter::hasValue() const
 {
     mForm->reload();
@@ -9,5 +11,5 @@ bool FormAdapter::hasValue() const
 std::string FormAdapter::valueText() const
 {
     const std::string text = mForm->optionLabel(mForm->currentIndex());
-    return text.starts_with(FormEntry::disabledMark) ? std::string() : text;
+    return ListText::isDisabled(text) ? std::string() : text;
 }

@@ -3,14 +3,11 @@
 #include <set>
 #include <string>
 
-// A setting with a short list of named choices, counted from 0. Texts are UTF-8. A choice whose label begins with
-// "DISABLE:" is shown without that mark, greyed, and cannot be chosen.
+// A setting with a short list of named choices, counted from 0. Texts are UTF-8. The label of a choice that can't
+// be chosen carries the mark of ListText.
 class FormEntry
 {
 public:
-    // The mark of a choice that is shown but cannot be chosen.
-    static constexpr char disabledMark[] = "DISABLE:";
-
     virtual ~FormEntry() = default;
 
     // Reads the choices anew; called before they are shown in a menu.

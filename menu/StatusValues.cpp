@@ -1,6 +1,7 @@
 #include "StatusValues.h"
 
-#include "FormEntry.h"
+#include "DownloadForm.h"
+#include "ListText.h"
 #include "MenuSettings.h"
 #include "NR_Constants.h"
 #include "NR_ContentCache.h"
@@ -13,7 +14,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <iterator>
+#include <ctime>
 
 namespace {
 
@@ -30,9 +31,18 @@ constexpr struct
     {"WRONG_VERSION", "Details.WrongVersionLabel"},
 };
 
-// By the stored download option.
-constexpr const char* downloadLabelKeys[] = {"Download.AlwaysLabel", "Download.HomeLabel",
-                                             "Download.NeverLabel"};
+// As people of the local time zone write it: "2008-03-07 14:05:09".
+std::string localTime(int seconds)
+{
+    tzset(); // localtime_r() need not look at the time zone itself
+    const std::time_t time = seconds;
+    std::tm date{};
+    localtime_r(&time, &date);
+    char buffer[80]; // more than six numbers of any size
+    std::snprintf(buffer, sizeof buffer, "%d-%02d-%02d %02d:%02d:%02d", date.tm_year + 1900, date.tm_mon + 1,
+                  date.tm_mday, date.tm_hour, date.tm_min, date.tm_sec);
+    return buffer;
+}
 
 std::string updateResultLabel(const std::string& result)
 {
@@ -106,19 +116,6 @@ void follow(const Vt_Event& event)
     }
 }
 
-std::string localTime(std::time_t seconds)
-{
-    tzset(); // localtime_r() need not look at the time zone itself
-    std::tm date{};
-    const std::time_t epoch = 0;
-    if (!localtime_r(&seconds, &date))
-        localtime_r(&epoch, &date);
-    char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%lld-%02d-%02d %02d:%02d:%02d", 1900LL + date.tm_year,
-                  date.tm_mon + 1, date.tm_mday, date.tm_hour, date.tm_min, date.tm_sec);
-    return buffer;
-}
-
 std::string lastConnection()
 {
     const std::string when = localTime(getIntSetting(GROUP_DCD, "RuntimeValues.LastUpdateTime"));
@@ -156,10 +153,9 @@ std::string currentNetwork()
 std::string downloadMode()
 {
     int option = 0;
-    if (NR_EngineUtils::getDownloadOptionSetting(option) != 0 || option < 0 ||
-        option >= static_cast<int>(std::size(downloadLabelKeys)))
-        return "Can not get Download Mode";
-    return text(downloadLabelKeys[option]);
+    const int status = NR_EngineUtils::getDownloadOptionSetting(option);
+    const char* labelKey = status == 0 ? DownloadForm::labelKey(option) : nullptr;
+    return labelKey ? text(labelKey) : "Can not get Download Mode";
 }
 
 std::string roamingStatus()
@@ -200,7 +196,7 @@ std::string profileList()
     std::string lines;
     for (size_t i = 0; i < profiles.size(); ++i) {
         const bool selectable = i < flags.size() && flags[i];
-        lines += (selectable ? "" : FormEntry::disabledMark) + profileName(profiles[i]) + '\n';
+        lines += ListText::choice(profileName(profiles[i]), selectable) + '\n';
     }
     return lines;
 }

@@ -2,7 +2,6 @@
 
 #include "vtTypes.h"
 
-#include <ctime>
 #include <string>
 #include <vector>
 
@@ -30,7 +29,7 @@ NR_OpProfile& operatorProfile();
 // Takes what an event of the service says into the state. Other events change nothing.
 void follow(const Vt_Event& event);
 
-std::string lastConnection(); // date and time, a line feed, and the result
+std::string lastConnection(); // date and local time, a line feed, and the result
 std::string
 subscription();            // the number of channels, then a line for each; empty when the content can't be read
 std::string homeNetwork(); // empty when the device can't tell
@@ -39,11 +38,7 @@ std::string downloadMode();   // when the service may download
 std::string roamingStatus();  // roaming or not; a friendly network counts as home
 std::string activity();       // what the service is doing now
 std::string memory();         // three lines: content, free and total memory
-std::string profileList();    // a line for each profile, "DISABLE:" before one that can't be chosen
+std::string profileList();    // the ListText of the profiles
 std::string currentProfile(); // the name of the profile in force
-
-// A time as people of the local time zone write it, "2008-03-07 14:05:09"; the epoch for a time that has no
-// calendar date.
-std::string localTime(std::time_t seconds);
 
 } // namespace StatusValues

@@ -1,6 +1,7 @@
 #include "FormViewer.h"
 
 #include "FormEntry.h"
+#include "ListText.h"
 #include "UListBox.h"
 #include "UListBoxItem.h"
 #include "UMessageDlg.h"
@@ -19,11 +20,9 @@ void FormViewer::show()
     const int count = mForm->optionCount();
     for (int i = 0; i < count; ++i) {
         auto* item = new UListBoxItem(list, QString());
-        std::string label = mForm->optionLabel(i);
-        const bool available = !label.starts_with(FormEntry::disabledMark);
-        if (!available)
-            label.erase(0, sizeof FormEntry::disabledMark - 1);
-        item->appendSubItem(1, QString::fromUtf8(label), false, QPixmap());
+        const std::string choice = mForm->optionLabel(i);
+        const bool available = !ListText::isDisabled(choice);
+        item->appendSubItem(1, QString::fromUtf8(ListText::label(choice)), false, QPixmap());
         item->setEnabled(available);
         item->setSelectable(available);
         list->insertItem(item, -1, true);

@@ -33,23 +33,17 @@ protected:
 
 TEST_F(StatusValuesTest, WritesLocalTime)
 {
-    const std::tuple<std::time_t, const char*, const char*> times[] = {
-        {1204898709, "UTC", "2008-03-07 14:05:09"},
-        {1204898709, "EST+5", "2008-03-07 09:05:09"}, // a zone that was changed meanwhile holds
-        {0, "UTC", "1970-01-01 00:00:00"},
-        {-1, "UTC", "1969-12-31 23:59:59"},
-        {INT_MIN, "UTC", "1901-12-13 20:45:52"},
-        {INT_MAX, "UTC", "2038-01-19 03:14:07"},
-        {4102444800, "UTC", "2100-01-01 00:00:00"},
-        {253402300800, "UTC", "10000-01-01 00:00:00"},
-        {67767976233532799, "UTC", "2147483647-12-31 23:59:59"},
-        {67768036191676799, "UTC", "2147485547-12-31 23:59:59"}, // the last there is
-        {INT64_MAX, "UTC", "1970-01-01 00:00:00"},
-        {INT64_MIN, "UTC", "1970-01-01 00:00:00"},
+    setStringSetting(GROUP_DCD, "RuntimeValues.LastUpdateResult", "");
+    const std::tuple<int, const char*, const char*> times[] = {
+        {1204898709, "UTC", "2008-03-07 14:05:09\n"},
+        {1204898709, "EST+5", "2008-03-07 09:05:09\n"}, // a zone that was changed meanwhile holds
+        {INT_MIN, "UTC", "1901-12-13 20:45:52\n"},
+        {INT_MAX, "UTC", "2038-01-19 03:14:07\n"},
     };
     for (const auto& [seconds, zone, expected] : times) {
         setTimeZone(zone);
-        EXPECT_EQ(StatusValues::localTime(seconds), expected) << seconds;
+        setIntSetting(GROUP_DCD, "RuntimeValues.LastUpdateTime", seconds);
+        EXPECT_EQ(StatusValues::lastConnection(), expected);
     }
 }
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+// Choices as one text: a line for each, with a mark before one that is shown greyed and can't be chosen. The mark
+// itself is never shown.
+namespace ListText {
+
+inline constexpr char disabledMark[] = "DISABLE:";
+
+// The line of a choice, without its line feed.
+inline std::string choice(const std::string& label, bool selectable)
+{
+    return selectable ? label : disabledMark + label;
+}
+
+inline bool isDisabled(const std::string& choice)
+{
+    return choice.starts_with(disabledMark);
+}
+
+// What people read of a choice.
+inline std::string label(const std::string& choice)
+{
+    return isDisabled(choice) ? choice.substr(sizeof disabledMark - 1) : choice;
+}
+
+} // namespace ListText
