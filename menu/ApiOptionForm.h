@@ -9,7 +9,8 @@ class ApiOptionForm : public FormEntry
 {
 public:
     // `listApi` is a text of one choice a line, `currentApi` the text of the choice in force, `setApi` the setter
-    // that takes the index of a line.
+    // that takes the index of a line. A negative index given to setValue() reaches the setter, too, which must
+    // ignore it.
     ApiOptionForm(const std::string& listApi, const std::string& currentApi, const std::string& setApi);
 
     void reload() override;

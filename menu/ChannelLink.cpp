@@ -20,7 +20,7 @@ bool ChannelLink::isEnabled() const
 
 std::string ChannelLink::label() const
 {
-    return MenuSettings::text(std::string(mName) + ".title");
+    return MenuSettings::title(mName);
 }
 
 void ChannelLink::watchedKeys(std::set<std::string>& keys) const

@@ -14,12 +14,12 @@ bool ConfigureHeadlinesNode::isEnabled() const
 
 std::string ConfigureHeadlinesNode::title() const
 {
-    return MenuSettings::text(mName + ".title");
+    return MenuSettings::title(mName);
 }
 
 std::string ConfigureHeadlinesNode::label() const
 {
-    return MenuSettings::text(mName + ".label");
+    return MenuSettings::label(mName);
 }
 
 void ConfigureHeadlinesNode::watchedKeys(std::set<std::string>& keys) const

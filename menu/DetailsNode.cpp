@@ -42,17 +42,17 @@ bool DetailsNode::isHidden() const
 
 bool DetailsNode::isEnabled() const
 {
-    return MenuSettings::isEnabled(mName) && !MenuSettings::isProfileSelected();
+    return MenuSettings::isEnabledWithoutProfile(mName);
 }
 
 std::string DetailsNode::title() const
 {
-    return MenuSettings::text(mName + ".title");
+    return MenuSettings::title(mName);
 }
 
 std::string DetailsNode::label() const
 {
-    return MenuSettings::text(mName + ".label");
+    return MenuSettings::label(mName);
 }
 
 void DetailsNode::watchedKeys(std::set<std::string>& keys) const

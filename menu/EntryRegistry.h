@@ -25,7 +25,7 @@ public:
     EntryRegistry(const EntryRegistry&) = delete;
     EntryRegistry& operator=(const EntryRegistry&) = delete;
 
-    // The entry is not owned and must outlive the registry. A name that is registered already goes to the new
+    // The entry is not owned and must live as long as the process. A name that is registered already goes to the new
     // entry; the old one keeps its kind.
     void add(const std::string& name, Entry* entry, int kind);
 

@@ -21,7 +21,7 @@ bool HowToUseAction::isEnabled() const
 
 std::string HowToUseAction::label() const
 {
-    return MenuSettings::text("HowToUse.title");
+    return MenuSettings::title(name);
 }
 
 void HowToUseAction::watchedKeys(std::set<std::string>& keys) const

@@ -9,6 +9,16 @@ std::string text(const std::string& key)
     return getStringSetting(GROUP_MENU, key.c_str());
 }
 
+std::string title(const std::string& name)
+{
+    return text(name + ".title");
+}
+
+std::string label(const std::string& name)
+{
+    return text(name + ".label");
+}
+
 bool isVisible(const std::string& name)
 {
     return getBoolSetting(GROUP_MENU, (name + ".visible").c_str());
@@ -22,6 +32,11 @@ bool isEnabled(const std::string& name)
 bool isProfileSelected()
 {
     return getIntSetting(GROUP_MENU, "ProfileSelected") == 1;
+}
+
+bool isEnabledWithoutProfile(const std::string& name)
+{
+    return isEnabled(name) && !isProfileSelected();
 }
 
 std::string enabledMode()

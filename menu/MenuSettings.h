@@ -9,12 +9,20 @@ namespace MenuSettings {
 // A text of the menu group; empty when it is missing.
 std::string text(const std::string& key);
 
+// The texts "NAME.title" and "NAME.label" of the entry called `name`. Entries without a page of their own have no
+// label: their line in the menu is their title.
+std::string title(const std::string& name);
+std::string label(const std::string& name);
+
 // The flags "NAME.visible" and "NAME.enabled" of the entry called `name`; false when they are missing.
 bool isVisible(const std::string& name);
 bool isEnabled(const std::string& name);
 
 // Whether the user has chosen an operator profile, which fixes much of what the menu would set.
 bool isProfileSelected();
+
+// isEnabled(), but false once the user has chosen a profile.
+bool isEnabledWithoutProfile(const std::string& name);
 
 // Whether the service is on, off or hidden. A value that is none of these counts as on.
 inline constexpr char enabledModeKey[] = "EnabledMode"; // of the system group

@@ -20,12 +20,12 @@ bool ProfileForm::isHidden() const
 
 bool ProfileForm::isEnabled() const
 {
-    return MenuSettings::isEnabled(name) && !MenuSettings::isProfileSelected();
+    return MenuSettings::isEnabledWithoutProfile(name);
 }
 
 std::string ProfileForm::title() const
 {
-    return MenuSettings::text("Profile.title");
+    return MenuSettings::title(name);
 }
 
 std::string ProfileForm::instructText() const
@@ -35,7 +35,7 @@ std::string ProfileForm::instructText() const
 
 std::string ProfileForm::label() const
 {
-    return MenuSettings::text("Profile.label");
+    return MenuSettings::label(name);
 }
 
 std::string ProfileForm::warningLabel() const

@@ -14,12 +14,12 @@ bool SetupHeadlinesNode::isEnabled() const
 
 std::string SetupHeadlinesNode::title() const
 {
-    return MenuSettings::text(mName + ".title");
+    return MenuSettings::title(mName);
 }
 
 std::string SetupHeadlinesNode::label() const
 {
-    return MenuSettings::text(mName + ".label");
+    return MenuSettings::label(mName);
 }
 
 std::string SetupHeadlinesNode::warningLabel() const

@@ -36,13 +36,13 @@ bool TableForm<Value>::isHidden() const
 template <class Value>
 bool TableForm<Value>::isEnabled() const
 {
-    return MenuSettings::isEnabled(mName) && !MenuSettings::isProfileSelected();
+    return MenuSettings::isEnabledWithoutProfile(mName);
 }
 
 template <class Value>
 std::string TableForm<Value>::title() const
 {
-    return MenuSettings::text(std::string(mName) + ".title");
+    return MenuSettings::title(mName);
 }
 
 template <class Value>
@@ -60,7 +60,7 @@ int TableForm<Value>::optionCount() const
 template <class Value>
 std::string TableForm<Value>::label() const
 {
-    return MenuSettings::text(std::string(mName) + ".label");
+    return MenuSettings::label(mName);
 }
 
 template <class Value>

@@ -178,10 +178,9 @@ void ask(Entry* entry)
     if (kind == ENTRY_FORM) {
         const FormEntry* form = formOf(entry);
         EXPECT_TRUE(form->title() != "" && form->instructText() != "");
-        for (int i = 0; i < form->optionCount(); ++i) {
+        EXPECT_EQ(form->warningLabel() != "" && form->warningText() != "", form->needsWarning(1));
+        for (int i = 0; i < form->optionCount(); ++i)
             EXPECT_NE(form->optionLabel(i), "");
-            EXPECT_EQ(form->warningLabel() != "" && form->warningText() != "", form->needsWarning(1));
-        }
     } else if (kind == ENTRY_NODE) {
         MenuNode* node = static_cast<NodeAdapter*>(entry)->node();
         EXPECT_NE(node->title(), "");
