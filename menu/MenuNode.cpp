@@ -56,7 +56,8 @@ void MenuNode::loadChildren()
     std::string name;
     while (std::getline(names, name, ',')) {
         trimSpaces(name.data());
-        Entry* entry = EntryRegistry::instance()->find(name.c_str());
+        name.resize(std::strlen(name.data()));
+        Entry* entry = EntryRegistry::instance()->find(name);
         if (!entry || entry->isHidden())
             continue;
         entry = collapsed(entry);

@@ -25,7 +25,7 @@ public:
 
     // The widget a program calls its main one; not owned, and null once it is gone.
     void setMainWidget(QWidget* widget) { mMainWidget = widget; }
-    QWidget* mainWidget() const { return mMainWidget; }
+    QWidget* mainWidget() const { return mMainWidget.data(); }
 
     // Makes the event loop look at its timers and events at once.
     void wakeUpGuiThread();
