@@ -20,8 +20,8 @@ void load(const char* path, StatusValues::State& state)
 
 void save(const char* path, const StatusValues::State& state)
 {
-    PrivateFile::write(path, state.totalMemoryText + '\n' + state.freeMemoryText + '\n' +
-                                 state.usedMemoryText + '\n');
+    PrivateFile::write(path, state.totalMemoryText + '\n' + state.freeMemoryText + '\n' + state.usedMemoryText +
+                                 '\n');
 }
 
 } // namespace MemoryFile
