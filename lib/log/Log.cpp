@@ -4,35 +4,22 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <string>
-
-namespace {
-
-// The message without its line end; a message that cannot be formatted becomes the format itself.
-[[gnu::format(printf, 1, 0)]] std::string formatted(const char* format, va_list arguments)
-{
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
-    std::string text = length < 0 ? format : std::string(static_cast<size_t>(length), '\0');
-    if (length > 0)
-        std::vsnprintf(text.data(), text.size() + 1, format, again);
-    va_end(again);
-    if (text.ends_with('\n'))
-        text.pop_back();
-    return text;
-}
-
-} // namespace
+#include <cstdlib>
 
 void Log::operator()(At at, const char* format, ...) const
 {
     if (at.level > maxLevel)
         return;
+    char* text = nullptr;
     va_list arguments;
     va_start(arguments, format);
-    const std::string text = formatted(format, arguments);
+    const int length = vasprintf(&text, format, arguments);
     va_end(arguments);
-    FILE* stream = libaplog_to_module_ptr ? libaplog_to_module_ptr : stdout;
-    std::fprintf(stream, "(%s:%d)[~~~~vistane~~~~]%s\n", mModule, at.line, text.c_str());
+    if (length < 0)
+        return;
+    // The line end is looked for in the message, which its arguments may have brought.
+    const bool ended = length > 0 && text[length - 1] == '\n';
+    std::fprintf(libaplog_to_module_ptr ? libaplog_to_module_ptr : stdout, "(%s:%d)[~~~~vistane~~~~]%s%s",
+                 mModule, at.line, text, ended ? "" : "\n");
+    std::free(text);
 }

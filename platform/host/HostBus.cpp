@@ -1,5 +1,6 @@
 #include "HostBus.h"
 
+#include "BusLossReporter.h"
 #include "Log.h"
 
 #include <QDBusConnection>
@@ -10,15 +11,6 @@ namespace {
 
 const Log logger("HostBus");
 
-// Says once that a bus is gone that was there before.
-class LossReporter : public QObject
-{
-    Q_OBJECT
-
-public slots:
-    void report() { logger(3, "the session bus is gone"); }
-};
-
 QDBusConnection& bus()
 {
     static QDBusConnection connection = [] {
@@ -28,7 +20,7 @@ QDBusConnection& bus()
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("vistane"));
         if (!session.isConnected())
             logger(3, "no session bus: %s", qUtf8Printable(session.lastError().message()));
-        static LossReporter reporter;
+        static BusLossReporter reporter;
         session.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                         QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), &reporter,
                         SLOT(report()));
@@ -73,5 +65,3 @@ bool flush()
 }
 
 } // namespace HostBus
-
-#include "HostBus.moc"

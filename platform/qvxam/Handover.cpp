@@ -66,7 +66,7 @@ QStringList commandOf(std::string_view appId)
         const QByteArray line = table.readLine();
         if (line.startsWith('#') || !line.startsWith(begin))
             continue;
-        const QStringList words = QString::fromUtf8(line.mid(begin.size())).simplified().split(u' ');
+        QStringList words = QString::fromUtf8(line.mid(begin.size())).simplified().split(u' ');
         if (!QStandardPaths::findExecutable(words.first()).isEmpty())
             return words;
     }
