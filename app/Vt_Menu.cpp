@@ -28,7 +28,7 @@ void openMenuChannel(vtmenu::MenuViewer* rootViewer)
         QObject::connect(channel, SIGNAL(received(QCString, QByteArray)), rootViewer, SLOT(hideAndDelete()));
     else
         logger({3, channelLogLine}, "pMenuChannel is NULL ");
-} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the channel is its parent's
+}
 
 } // namespace
 

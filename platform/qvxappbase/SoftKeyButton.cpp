@@ -23,6 +23,6 @@ void SoftKeyButton::paintEvent(QPaintEvent* /*event*/)
     const QRect area = rect().adjusted(Look::margin, 0, -Look::margin, 0);
     painter.setFont(Look::font(Look::Text::SoftKey));
     painter.setPen(Look::barText);
-    painter.drawText(area, Qt::AlignAbsolute | mSide | Qt::AlignVCenter,
+    painter.drawText(area, static_cast<int>(Qt::AlignAbsolute | mSide | Qt::AlignVCenter),
                      painter.fontMetrics().elidedText(mLabel, Qt::ElideRight, area.width()));
 }
