@@ -25,7 +25,7 @@ phone_begin() {
     export PATH=$programs:$PATH
 
     mkfifo "$phone_dir/display"
-    Xvfb -displayfd 3 -screen 0 1280x1280x24 -nolisten tcp 3>"$phone_dir/display" 2>/dev/null &
+    Xvfb -displayfd 3 -screen 0 1280x1280x24 -nolisten tcp -noreset 3>"$phone_dir/display" 2>/dev/null &
     phone_jobs+=($!)
     local number
     read -r number <"$phone_dir/display"

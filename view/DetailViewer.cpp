@@ -84,6 +84,9 @@ void DetailViewer::refresh()
 
 void DetailViewer::hideAndDelete()
 {
+    if (mClosing)
+        return;
+    mClosing = true;
     emit closed();
     close(false);
     QTimer::singleShot(0, this, SLOT(deleteMe()));

@@ -44,6 +44,7 @@ private:
     USoftKey* mSoftKey;
     ManRefreshView* mRefreshView;
     std::vector<UDetailItem*> mItems; // owned by mDetailView, in display order
+    bool mClosing = false;            // hideAndDelete() was called
 };
 
 } // namespace vtmenu

@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "NR_Constants.h"
+#include "PhoneScreen.h"
 #include "SettingHelper.h"
 #include "UApplication.h"
 #include "UKeyObject.h"
@@ -249,6 +250,8 @@ void ManRefreshView::startRefresh()
 {
     const Vt_Event event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, 0);
     handleEvent(event);
+    // The dialog that was answered must not stand there for as long as nothing answers.
+    PhoneScreen::instance()->repaint();
     QThread::sleep(retryPause);
     send(event);
 }

@@ -1,11 +1,19 @@
 #include "Look.h"
 
+#include "PhoneScreen.h"
+
 #include <QGuiApplication>
 
 namespace {
 
 // Longer than any line that a marquee could show while somebody still watches.
 constexpr int maxLineLength = 400;
+
+bool isLow()
+{
+    constexpr int lowScreen = 240;
+    return PhoneScreen::instance()->height() < lowScreen;
+}
 
 struct FontSize
 {
@@ -43,6 +51,16 @@ QFont Look::font(Text text)
     font.setPixelSize(size.pixels);
     font.setBold(size.bold);
     return font;
+}
+
+int Look::captionLines()
+{
+    return isLow() ? 1 : 2;
+}
+
+int Look::instructionLines()
+{
+    return isLow() ? 1 : 3;
 }
 
 QPalette Look::palette()

@@ -1,5 +1,7 @@
 #include "PhoneKeys.h"
 
+#include "PhoneScreen.h"
+
 #include <QKeyEvent>
 
 std::optional<USoftKey::Key> PhoneKeys::softKey(const QKeyEvent& event)
@@ -15,6 +17,13 @@ std::optional<USoftKey::Key> PhoneKeys::softKey(const QKeyEvent& event)
     default:
         return std::nullopt;
     }
+}
+
+// Not every display marks the repetitions of a held key; there they come as a release and a press of one moment.
+bool PhoneKeys::isHeld(const QKeyEvent& event)
+{
+    const PhoneScreen* screen = PhoneScreen::instance();
+    return event.isAutoRepeat() || (screen && screen->isReleasedNow(event));
 }
 
 bool PhoneKeys::isSelect(const QKeyEvent& event)

@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "Look.h"
+#include "PhoneKeys.h"
 #include "UApplication.h"
 
 #include <QCloseEvent>
@@ -14,7 +15,7 @@ namespace {
 const Log logger("PhoneScreen");
 
 constexpr QSize defaultSize(240, 320);
-constexpr int smallestSide = 120;
+constexpr int smallestSide = 160;
 constexpr int largestSide = 4096;
 
 PhoneScreen* theScreen = nullptr;
@@ -88,9 +89,18 @@ void PhoneScreen::take(QWidget* layer)
     layer->hide();
 }
 
-bool PhoneScreen::isOnTop(const QWidget* layer) const
+bool PhoneScreen::isOnTop(const QWidget* widget) const
 {
-    return !mLayers.isEmpty() && mLayers.last().widget == layer;
+    if (mLayers.isEmpty())
+        return false;
+    const QWidget* top = mLayers.last().widget;
+    return top == widget || top->isAncestorOf(widget);
+}
+
+bool PhoneScreen::isReleasedNow(const QKeyEvent& press) const
+{
+    return press.nativeScanCode() != 0 && press.nativeScanCode() == mReleasedCode &&
+           press.timestamp() == mReleasedAt;
 }
 
 // Shows the topmost page and everything above it, nothing below, and gives the keys to the topmost layer. What is
@@ -104,6 +114,10 @@ void PhoneScreen::arrange()
         mLayers[i].widget->setVisible(true);
     QWidget* top = mLayers.isEmpty() ? this : mLayers.last().widget;
     top->setFocus();
+    // The pop-up that was on top until now, or is again, looks otherwise.
+    update();
+    for (qsizetype i = bottom; i < mLayers.size(); ++i)
+        mLayers[i].widget->update();
     for (qsizetype i = 0; i < bottom; ++i)
         mLayers[i].widget->setVisible(false);
 }
@@ -116,8 +130,21 @@ bool PhoneScreen::focusNextPrevChild(bool /*next*/)
 
 void PhoneScreen::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_End && !event->isAutoRepeat())
+    if (event->key() == Qt::Key_End && !PhoneKeys::isHeld(*event))
         emit UApplication::instance()->askReturnToIdle(0);
+}
+
+void PhoneScreen::keyReleaseEvent(QKeyEvent* event)
+{
+    mReleasedCode = event->nativeScanCode();
+    mReleasedAt = event->timestamp();
+}
+
+// Some platforms give their windows the size they want.
+void PhoneScreen::resizeEvent(QResizeEvent* /*event*/)
+{
+    for (const Entry& layer : std::as_const(mLayers))
+        layer.widget->setGeometry(rect());
 }
 
 // A window that refuses to close would refuse UApplication::quit() too, so it always goes; when a person closes

@@ -28,11 +28,17 @@ public:
     // Takes a layer off and gives the keys back to what is then on top. Harmless for one that is not there.
     void take(QWidget* layer);
 
-    bool isOnTop(const QWidget* layer) const;
+    // Whether the widget is the topmost layer or a part of it.
+    bool isOnTop(const QWidget* widget) const;
+
+    // Whether the keyboard released this key at the very moment of its press.
+    bool isReleasedNow(const QKeyEvent& press) const;
 
 protected:
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -44,5 +50,7 @@ private:
 
     void arrange();
 
-    QList<Entry> mLayers; // bottom to top
+    QList<Entry> mLayers;      // bottom to top
+    quint32 mReleasedCode = 0; // of the key that was released last
+    quint64 mReleasedAt = 0;
 };

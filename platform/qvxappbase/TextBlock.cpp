@@ -25,5 +25,7 @@ void TextBlock::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setPen(mColor);
     mText.wrap(contentsRect().width());
-    mText.draw(painter, contentsRect().topLeft(), 0, height());
+    // A line that has no room to the last pixel is left out.
+    const QRect visible = visibleRegion().boundingRect();
+    mText.draw(painter, contentsRect().topLeft(), visible.top(), visible.bottom() + 1);
 }

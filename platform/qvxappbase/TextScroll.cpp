@@ -1,9 +1,12 @@
 #include "TextScroll.h"
 
+#include "FingerScroll.h"
 #include "Look.h"
 #include "PhoneScreen.h"
 #include "ScrollMark.h"
 #include "TextBlock.h"
+
+#include <QScrollBar>
 
 TextScroll::TextScroll(const QString& text, QWidget* parent)
     : QScrollArea(parent), mBlock(new TextBlock(text, Look::font(Look::Text::Body), Look::text, this))
@@ -14,10 +17,19 @@ TextScroll::TextScroll(const QString& text, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     new ScrollMark(this);
+    new FingerScroll(this, 1);
+    verticalScrollBar()->setSingleStep(QFontMetrics(Look::font(Look::Text::Body)).height());
 }
 
 QSize TextScroll::sizeHint() const
 {
     const int width = PhoneScreen::instance()->width();
     return {width, mBlock->heightForWidth(width)};
+}
+
+// What scrolls in is painted whole, because lines without room were left out.
+void TextScroll::scrollContentsBy(int dx, int dy)
+{
+    QScrollArea::scrollContentsBy(dx, dy);
+    mBlock->update();
 }

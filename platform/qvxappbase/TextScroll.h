@@ -16,6 +16,9 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return {}; }
 
+protected:
+    void scrollContentsBy(int dx, int dy) override;
+
 private:
     TextBlock* mBlock;
 };

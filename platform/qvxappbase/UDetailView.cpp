@@ -1,5 +1,6 @@
 #include "UDetailView.h"
 
+#include "FingerScroll.h"
 #include "Look.h"
 #include "ScrollMark.h"
 #include "UDetailItem.h"
@@ -32,6 +33,7 @@ UDetailView::UDetailView(QWidget* parent, int /*flags*/, int /*skin*/) : QAbstra
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     new ScrollMark(this);
+    new FingerScroll(this, 1);
 }
 
 UDetailView::~UDetailView() = default;
@@ -95,11 +97,15 @@ void UDetailView::layOut()
 {
     mLayoutDue = false;
     mLines.clear();
+    QStringList texts;
     for (const auto& item : mItems) {
+        texts += item->label();
         mLines.emplace_back(item->label(), true);
         for (const QString& row : item->rows())
             mLines.emplace_back(row, false);
+        texts += item->rows();
     }
+    setAccessibleDescription(texts.join(QLatin1Char('\n')));
     int top = 0;
     for (Line& line : mLines) {
         line.text.wrap(viewport()->width() - 2 * Look::margin);
@@ -108,8 +114,10 @@ void UDetailView::layOut()
         top += line.text.height() + Look::lineGap;
     }
     const int height = top + Look::groupGap;
-    verticalScrollBar()->setPageStep(viewport()->height());
-    verticalScrollBar()->setSingleStep(QFontMetrics(lineFont(false)).height() * 2);
+    // A line that had no room at the lower edge is the first one of the next page.
+    const int lineHeight = QFontMetrics(lineFont(false)).height();
+    verticalScrollBar()->setPageStep(std::max(lineHeight, viewport()->height() - lineHeight));
+    verticalScrollBar()->setSingleStep(lineHeight * 2);
     verticalScrollBar()->setRange(0, std::max(0, height - viewport()->height()));
     viewport()->update();
 }

@@ -1,5 +1,7 @@
 #include "UListBox.h"
 
+#include "FingerScroll.h"
+#include "Look.h"
 #include "Marquee.h"
 #include "PhoneKeys.h"
 #include "RowDelegate.h"
@@ -22,6 +24,8 @@ UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int 
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     new ScrollMark(this);
+
+    new FingerScroll(this, QFontMetrics(Look::font(Look::Text::Row)).height());
 
     connect(this, &QListWidget::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
     connect(this, &QListWidget::currentRowChanged, this, &UListBox::startMarquee);
@@ -47,7 +51,16 @@ void UListBox::enableMarquee(int /*region*/, bool enabled)
 
 void UListBox::insertItem(UListItem* item, int position, bool /*redraw*/)
 {
-    QListWidget::insertItem(position < 0 ? count() : position, item);
+    const int row = position < 0 || position > count() ? count() : position;
+    if (row <= mChecked)
+        ++mChecked;
+    QListWidget::insertItem(row, item);
+}
+
+void UListBox::clear()
+{
+    mChecked = -1;
+    QListWidget::clear();
 }
 
 void UListBox::removeItem(int row)
@@ -85,7 +98,7 @@ void UListBox::checkItem(int row, bool checked)
 
 int UListBox::radioItemChecked() const
 {
-    return mChecked < count() ? mChecked : -1;
+    return mChecked;
 }
 
 int UListBox::marqueeOffset(const QModelIndex& index) const
@@ -128,8 +141,15 @@ void UListBox::keyPressEvent(QKeyEvent* event)
     }
     if (mRadio || !PhoneKeys::isSelect(*event))
         event->ignore();
-    else if (!event->isAutoRepeat()) // A key that is held must not run down the whole tree.
+    else if (!PhoneKeys::isHeld(*event)) // A key that is held must not run down the whole tree.
         choose(currentRow());
+}
+
+// A row that is not shown cannot be meant.
+void UListBox::mousePressEvent(QMouseEvent* event)
+{
+    if (isWhollyVisible(visualRect(indexAt(event->position().toPoint()))))
+        QListWidget::mousePressEvent(event);
 }
 
 void UListBox::focusInEvent(QFocusEvent* event)
@@ -161,6 +181,12 @@ int UListBox::rowOnePageFrom(int row, int step) const
         height += sizeHintForRow(row);
     }
     return row;
+}
+
+// Room for two rows, so that there is something to choose from wherever it stands.
+QSize UListBox::minimumSizeHint() const
+{
+    return {0, std::max(0, sizeHintForRow(0)) + std::max(0, sizeHintForRow(1))};
 }
 
 void UListBox::choose(int row)

@@ -24,6 +24,8 @@ public:
 
     // Inserts a row, whose owner the list becomes; a negative position, or one past the end, appends.
     void insertItem(UListItem* item, int position, bool redraw);
+    // Deletes all rows.
+    void clear();
     // Deletes the row; nothing for a row that is not there.
     void removeItem(int row);
     // The row, or null when there is none.
@@ -45,7 +47,7 @@ public:
     bool isWhollyVisible(const QRect& row) const;
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return {}; }
+    QSize minimumSizeHint() const override;
 
 signals:
     // A person chose this row. Emitted once a choice, and never for a row that is not selectable. The list may
@@ -54,6 +56,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -24,6 +24,8 @@ void UMainWidget::setMainWidgetTitle(const QString& title)
 {
     mTitle = Look::oneLine(title);
     setAccessibleName(mTitle);
+    if (mContent)
+        mContent->setAccessibleName(mTitle);
     update();
 }
 
@@ -83,7 +85,7 @@ void UMainWidget::keyPressEvent(QKeyEvent* event)
     }
     // Accepted first: the key may delete this page.
     event->accept();
-    if (!event->isAutoRepeat())
+    if (!PhoneKeys::isHeld(*event))
         mSoftKeyBar->press(*key);
 }
 

@@ -15,10 +15,6 @@
 
 #include <algorithm>
 
-namespace {
-constexpr int captionLines = 2;
-}
-
 UPopup::UPopup(const QString& caption, QWidget* parent, const char* name, bool /*modal*/, int flags)
     : QWidget(parent, Qt::WindowFlags::fromInt(flags)),
       mPanel(new QWidget(this)),
@@ -35,7 +31,7 @@ UPopup::UPopup(const QString& caption, QWidget* parent, const char* name, bool /
     mContent->setSpacing(Look::rowPadding);
     if (!caption.isEmpty()) {
         mContent->addWidget(
-            new TextBlock(caption, Look::font(Look::Text::Caption), Look::text, mPanel, captionLines));
+            new TextBlock(caption, Look::font(Look::Text::Caption), Look::text, mPanel, Look::captionLines()));
     }
     connect(mSoftKeyBar, &USoftKey::pressed, this, [this](int key) {
         SoftKeyEvent press(key);
@@ -94,6 +90,12 @@ void UPopup::setSoftkeyTextRight(const QString& text)
     mSoftKeyBar->setText(USoftKey::Right, text);
 }
 
+void UPopup::setKeyReceiver(QWidget* receiver)
+{
+    setFocusProxy(receiver);
+    receiver->setAccessibleName(accessibleName());
+}
+
 bool UPopup::event(QEvent* event)
 {
     if (event->type() != SoftKeyEvent::type())
@@ -104,6 +106,9 @@ bool UPopup::event(QEvent* event)
 
 void UPopup::paintEvent(QPaintEvent* /*event*/)
 {
+    // Once, however many pop-ups are on each other.
+    if (!PhoneScreen::instance()->isOnTop(this))
+        return;
     QPainter painter(this);
     painter.fillRect(rect(), Look::dim);
 }
@@ -123,7 +128,7 @@ void UPopup::keyPressEvent(QKeyEvent* event)
     }
     // Accepted first: the key may delete this pop-up. A key that is still held from before does not answer.
     event->accept();
-    if (!event->isAutoRepeat())
+    if (!PhoneKeys::isHeld(*event))
         mSoftKeyBar->press(*key);
 }
 
@@ -169,6 +174,9 @@ void UPopup::arrange()
     mContent->invalidate();
     const int wanted = mContent->hasHeightForWidth() ? mContent->totalHeightForWidth(width())
                                                      : mContent->totalSizeHint().height();
-    const int panelHeight = std::min(wanted, height() * Look::popupShare / 100 - mSoftKeyBar->height());
+    const int least = mContent->hasHeightForWidth() ? mContent->minimumHeightForWidth(width())
+                                                    : mContent->totalMinimumSize().height();
+    const int share = std::max(height() * Look::popupShare / 100 - mSoftKeyBar->height(), least);
+    const int panelHeight = std::min({wanted, share, barTop});
     mPanel->setGeometry(0, barTop - panelHeight, width(), panelHeight);
 }

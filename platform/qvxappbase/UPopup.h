@@ -49,7 +49,7 @@ protected:
     QVBoxLayout* content() const { return mContent; }
 
     // What gets the keys that are no soft keys.
-    void setKeyReceiver(QWidget* receiver) { setFocusProxy(receiver); }
+    void setKeyReceiver(QWidget* receiver);
 
     // Asked before the left key confirms; false keeps the pop-up where it is.
     virtual bool mayConfirm() { return true; }

@@ -7,17 +7,13 @@
 
 #include <QVBoxLayout>
 
-namespace {
-constexpr int instructionLines = 3;
-}
-
 USingleSelectDlg::USingleSelectDlg(const QString& caption, const QString& instruction, QWidget* parent,
                                    const char* name, bool modal, int flags, int)
     : UPopup(caption, parent, name, modal, flags), mListBox(new UListBox(QString(), this))
 {
     if (!instruction.isEmpty()) {
-        content()->addWidget(
-            new TextBlock(instruction, Look::font(Look::Text::Body), Look::quiet, this, instructionLines));
+        content()->addWidget(new TextBlock(instruction, Look::font(Look::Text::Body), Look::quiet, this,
+                                           Look::instructionLines()));
     }
     mListBox->setRadio(true);
     mListBox->enableMarquee(0, true);

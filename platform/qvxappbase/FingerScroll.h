@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+
+class QAbstractScrollArea;
+
+// Scrolls an area by dragging it with a finger or the mouse. A drag is no tap: what it ends on does not get it. Nor
+// does a tap count that began before something else came on top, or the second one of a double tap.
+class FingerScroll : public QObject
+{
+    Q_OBJECT
+
+public:
+    // `step` is the pixels of a drag that move the scroll bar by one. Becomes a child of `area`.
+    FingerScroll(QAbstractScrollArea* area, int step);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QAbstractScrollArea* mArea;
+    int mStep;
+    int mPressedAt = 0;
+    int mPressedValue = 0;
+    bool mPressed = false;
+    bool mDragged = false;
+};
