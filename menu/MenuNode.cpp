@@ -51,12 +51,7 @@ void MenuNode::clearChildren()
 void MenuNode::loadChildren()
 {
     loading.push_back(this);
-    // The list is read as C text: a zero character ends all of it, not only the name in which it stands.
-    std::istringstream names(MenuSettings::text(mName + ".ChildIDs").c_str());
-    std::string name;
-    while (std::getline(names, name, ',')) {
-        trimSpaces(name.data());
-        name.resize(std::strlen(name.data()));
+    for (const std::string& name : childNames(MenuSettings::text(mName + ".ChildIDs"))) {
         Entry* entry = EntryRegistry::instance()->find(name);
         if (!entry || entry->isHidden())
             continue;
@@ -65,6 +60,21 @@ void MenuNode::loadChildren()
             mChildren.push_back(entry);
     }
     loading.pop_back();
+}
+
+std::vector<std::string> childNames(const std::string& list)
+{
+    std::vector<std::string> names;
+    // The list is read as C text: a zero character ends all of it, not only the name in which it stands.
+    std::istringstream pieces(list.c_str());
+    std::string name;
+    while (std::getline(pieces, name, ',')) {
+        trimSpaces(name.data());
+        name.resize(std::strlen(name.data()));
+        if (!name.empty())
+            names.push_back(name);
+    }
+    return names;
 }
 
 void trimSpaces(char* text)

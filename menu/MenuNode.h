@@ -43,5 +43,8 @@ public:
     const int mDetailsFlag;        // 0: a menu list; otherwise a page of details
 };
 
+// The names in a child list, which commas separate. Spaces around a name don't count, nor do empty names.
+std::vector<std::string> childNames(const std::string& list);
+
 // Takes the spaces (no other white space) off both ends of a zero-terminated text, in place. Null is left alone.
 void trimSpaces(char* text);
