@@ -9,6 +9,7 @@ void addDeviceCommands(Tool& tool);
 void addChannelCommands(Tool& tool);
 void addProfileCommands(Tool& tool);
 void addMenuCommand(Tool& tool);
+void addLintCommand(Tool& tool);
 void addOpenCommand(Tool& tool);
 void addEventCommands(Tool& tool);
 void addServiceCommand(Tool& tool);

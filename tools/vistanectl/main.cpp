@@ -11,8 +11,9 @@
 namespace {
 
 constexpr void (*commandGroups[])(Tool&) = {
-    addSettingCommands, addPackCommands, addDeviceCommands, addChannelCommands, addProfileCommands,
-    addMenuCommand,     addOpenCommand,  addEventCommands,  addServiceCommand,  addWatchCommand,
+    addSettingCommands, addPackCommands,   addDeviceCommands, addChannelCommands,
+    addProfileCommands, addMenuCommand,    addLintCommand,    addOpenCommand,
+    addEventCommands,   addServiceCommand, addWatchCommand,
 };
 
 // The platform log must not mix with results.

@@ -8,7 +8,7 @@
 
 const QString Vistanectl::program = QStringLiteral(VISTANECTL);
 
-Vistanectl::Vistanectl(const char* pack)
+Vistanectl::Vistanectl(const QByteArray& pack)
 {
     environment.insert("VISTANE_DB", file("core.db"));
     environment.remove("VISTANE_LOG");

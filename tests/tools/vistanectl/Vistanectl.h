@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -17,7 +18,7 @@ public:
     };
 
     // The store starts from this pack and holds nothing else.
-    explicit Vistanectl(const char* pack = "{}");
+    explicit Vistanectl(const QByteArray& pack = "{}");
 
     Result run(const QStringList& arguments) const;
 
