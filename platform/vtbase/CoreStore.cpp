@@ -146,6 +146,19 @@ OperatorPack::Channel readChannel(const Run& row)
     return channel;
 }
 
+// Changes the profiles by `change`, which returns a status, and leaves one in force when one can be chosen.
+template <typename Change>
+int changeProfiles(Sqlite::Connection& connection, Change change)
+{
+    StoreTransaction transaction(connection);
+    int status = writeStatus(transaction.result());
+    if (status == STORE_OK)
+        status = change();
+    if (status == STORE_OK)
+        status = writeStatus(StoreSchema::putProfileInForce(connection));
+    return status == STORE_OK ? writeStatus(transaction.commit()) : status;
+}
+
 // Hands over what was read, unless the reading failed.
 template <typename Result>
 int answer(int status, Result& result, Result& output)
@@ -308,13 +321,17 @@ int CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
 
 int CoreStore::addProfile(const OperatorPack::Profile& profile)
 {
-    return runWrite(mDatabase->queries[StoreQueries::WriteProfile], profile.id, profile.name,
-                    profile.selectable);
+    return changeProfiles(mDatabase->connection, [&] {
+        return runWrite(mDatabase->queries[StoreQueries::WriteProfile], profile.id, profile.name,
+                        profile.selectable);
+    });
 }
 
 int CoreStore::removeProfile(std::string_view id)
 {
-    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::RemoveProfile], id);
+    return changeProfiles(mDatabase->connection, [&] {
+        return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::RemoveProfile], id);
+    });
 }
 
 int CoreStore::currentProfile(std::string& id)

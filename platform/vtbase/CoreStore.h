@@ -77,8 +77,9 @@ public:
     int addChannel(const OperatorPack::Channel& channel);
     int removeChannel(std::string_view id);
 
-    // Profiles in the operator's order, and the one in force: empty when none is. setCurrentProfile() of an
-    // unknown profile answers STORE_NOT_FOUND.
+    // Profiles in the operator's order, and the one in force: empty when none is, which is so only when none can be
+    // chosen. When adding or removing one leaves none in force, the first that can be chosen comes into force.
+    // Removing or choosing an unknown one answers STORE_NOT_FOUND.
     int profiles(std::vector<OperatorPack::Profile>& profiles);
     int addProfile(const OperatorPack::Profile& profile);
     int removeProfile(std::string_view id);

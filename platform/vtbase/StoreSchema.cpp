@@ -30,7 +30,7 @@ int readNumber(Sqlite::Connection& connection, const char* sql, int& number)
     return SQLITE_OK;
 }
 
-// Runs `sql` once for each item of `items`; `run` gives it the item's values.
+// Runs `sql` once for each item of `items`; `runOne` gives it the item's values.
 template <typename Items, typename RunOne>
 int forEach(Sqlite::Connection& connection, const char* sql, const Items& items, RunOne runOne)
 {
@@ -107,12 +107,7 @@ int writeProfiles(Sqlite::Connection& connection, const std::vector<OperatorPack
                 return Sqlite::Statement::Run(statement, profile.id, profile.name, profile.selectable, current)
                     .step();
             });
-    if (result == SQLITE_OK)
-        result = connection.execute(R"(
-            UPDATE profile SET current = 1
-            WHERE position = (SELECT min(position) FROM profile WHERE selectable)
-              AND NOT EXISTS(SELECT 1 FROM profile WHERE current))");
-    return result;
+    return result == SQLITE_OK ? StoreSchema::putProfileInForce(connection) : result;
 }
 
 } // namespace
@@ -173,6 +168,14 @@ int writePack(Sqlite::Connection& connection, const OperatorPack& pack)
     if (result == SQLITE_OK && pack.profiles)
         result = writeProfiles(connection, *pack.profiles);
     return result;
+}
+
+int putProfileInForce(Sqlite::Connection& connection)
+{
+    return connection.execute(R"(
+        UPDATE profile SET current = 1
+        WHERE position = (SELECT min(position) FROM profile WHERE selectable)
+          AND NOT EXISTS(SELECT 1 FROM profile WHERE current))");
 }
 
 } // namespace StoreSchema

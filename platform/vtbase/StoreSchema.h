@@ -25,4 +25,8 @@ int create(Sqlite::Connection& connection, const OperatorPack& pack);
 // Puts `pack` in place of the pack layer, inside the caller's transaction.
 int writePack(Sqlite::Connection& connection, const OperatorPack& pack);
 
+// Puts the first profile that can be chosen in force when none is; to be called inside the transaction of
+// whatever changed the profiles.
+int putProfileInForce(Sqlite::Connection& connection);
+
 } // namespace StoreSchema

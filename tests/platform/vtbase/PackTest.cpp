@@ -142,6 +142,27 @@ TEST(Pack, AProfileIsInForceWheneverOneCanBeChosen)
     }
 }
 
+TEST(Pack, AddingAndRemovingProfilesLeavesOneInForce)
+{
+    const TestStore store(R"({"profiles": []})");
+    CoreStore& core = CoreStore::instance();
+    const auto inForce = [&core] {
+        std::string current;
+        core.currentProfile(current);
+        return current;
+    };
+    core.addProfile({"locked", "L", false});
+    EXPECT_EQ(inForce(), "");
+    core.addProfile({"a", "A", true});
+    core.addProfile({"b", "B", true});
+    EXPECT_EQ(inForce(), "a");
+    EXPECT_EQ(core.removeProfile("a"), STORE_OK);
+    EXPECT_EQ(inForce(), "b");
+    EXPECT_EQ(core.removeProfile("a"), STORE_NOT_FOUND);
+    core.removeProfile("b");
+    EXPECT_EQ(inForce(), "");
+}
+
 TEST(Pack, ARefusedInstallationChangesNothing)
 {
     const TestStore store(R"({"settings": {"VtCore.Menu": {"n": 1}}, "device": {"imsi": "1"}})");
