@@ -33,6 +33,9 @@ int exportTo(const Tool& tool, CoreStore& store, const std::string& fileName)
     OperatorPack pack;
     if (const int status = store.exportPack(pack); status != STORE_OK)
         return tool.finish(status, "pack export");
+    // A pack is for many phones, and these are one's own.
+    pack.device.erase("imsi");
+    pack.device.erase("msisdn");
     const QByteArray json = pack.toJson();
     if (fileName.empty()) {
         Output::line(json.trimmed().toStdString());
@@ -62,7 +65,8 @@ void addPackCommands(Tool& tool)
     installing.add_option("FILE", *fileName, "The pack")->required();
     tool.onRun(installing, [&tool, fileName](CoreStore& store) { return install(tool, store, *fileName); });
 
-    CLI::App& exporting = tool.add("export", "Write the operator's settings as a pack", &group);
+    CLI::App& exporting =
+        tool.add("export", "Write the operator's settings as a pack, without imsi and msisdn", &group);
     exporting.add_option("FILE", *fileName, "Where to; standard output without it");
     tool.onRun(exporting, [&tool, fileName](CoreStore& store) { return exportTo(tool, store, *fileName); });
 

@@ -162,6 +162,7 @@ TEST(Command, PacksAreInstalledWholeOrNotAtAll)
                {{"pack", "install", ctl.file("none.json")}, 1, "", "none.json"},
                {{"get", title}, 0, "Details\n", ""},
                {{"set", rate, "3"}, 0, "", ""},
+               {{"device", "set", "imsi", "42"}, 0, "", ""},
                {{"pack", "export", copy}, 0, "", ""},
                {{"pack", "install", good}, 0, "", ""},
                {{"list"},
@@ -175,7 +176,9 @@ TEST(Command, PacksAreInstalledWholeOrNotAtAll)
            });
     QFile file(copy);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(ctl.run({"pack", "export"}).out, file.readAll().toStdString());
+    const std::string exported = file.readAll().toStdString();
+    EXPECT_EQ(ctl.run({"pack", "export"}).out, exported);
+    EXPECT_EQ(exported.find("imsi"), std::string::npos);
 }
 
 TEST(Command, MachinesGetJson)
