@@ -9,6 +9,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -95,14 +96,18 @@ int connect(Sqlite::Connection& connection, const std::string& file, int flags, 
     return result;
 }
 
-bool hasWriteAheadLog(const std::string& path)
+// Whether another program left something in the write-ahead log or the older journal.
+bool hasWaitingWrites(const std::string& path)
 {
-    struct stat status = {};
-    return ::stat((path + "-wal").c_str(), &status) == 0 && status.st_size > 0;
+    constexpr const char* companions[] = {"-wal", "-journal"};
+    return std::any_of(std::begin(companions), std::end(companions), [&path](const char* companion) {
+        struct stat status = {};
+        return ::stat((path + companion).c_str(), &status) == 0 && status.st_size > 0;
+    });
 }
 
 // Without the right to write beside it, not even the file's own shared memory can be set up. Read as it stands,
-// the file is whole only when no write waits in its log.
+// the file is whole only when no write waits beside it.
 int connectUnwritable(Sqlite::Connection& connection, const std::string& path, int& version)
 {
     const QUrl link = QUrl::fromLocalFile(QString::fromStdString(path));
@@ -147,7 +152,7 @@ Attempt openFile(const std::string& path, Sqlite::Connection& connection)
     int version = 0;
     int result = connect(connection, path, SQLITE_OPEN_READWRITE, version);
     if (attemptOf(result).result == Attempt::Refused && (result & 0xff) != SQLITE_BUSY &&
-        !hasWriteAheadLog(path))
+        !hasWaitingWrites(path))
         result = connectUnwritable(connection, path, version);
     if (result != SQLITE_OK)
         return attemptOf(result);

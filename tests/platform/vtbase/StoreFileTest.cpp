@@ -279,6 +279,23 @@ TEST_F(StoreFileTest, AReadOnlyStoreReadsAndAnswersWrites)
     }
 }
 
+TEST_F(StoreFileTest, AReadOnlyStoreWithHalfAWriteIsNotRead)
+{
+    for (const char* companion : {"-wal", "-journal"}) {
+        SCOPED_TRACE(companion);
+        makeStore();
+        std::ofstream(path() + companion) << "a write that waits";
+        const AsNobody user(folder());
+        chmod(folder().c_str(), 0500);
+        {
+            const LogCapture log;
+            EXPECT_FALSE(CoreStore(path()).isOnDisk());
+        }
+        chmod(folder().c_str(), 0700);
+        fs::remove(path() + companion);
+    }
+}
+
 TEST_F(StoreFileTest, AnUnreadableFileIsSetAsideAndNotLost)
 {
     makeStore();
