@@ -86,7 +86,7 @@ private:
     {
         for (auto setting = settings.begin(); setting != settings.end(); ++setting) {
             const QString name = group + '.' + setting.key();
-            if (setting.key().isEmpty() || !setting.key().isValidUtf16())
+            if (setting.key().isEmpty() || !setting.key().isValidUtf16() || setting.key().contains(QChar(0)))
                 return fail(name, "is no key");
             SettingValue value;
             if (!readValue(name, setting.value(), value))

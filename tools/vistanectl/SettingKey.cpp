@@ -10,7 +10,7 @@ std::optional<SettingKey> SettingKey::parse(const std::string& name)
     // A group without a name goes by its number, which is also how it is listed.
     int number = 0;
     const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), number);
-    if (error == std::errc() && *stop == '.' && stop[1] != '\0')
+    if (error == std::errc() && *stop == '.' && stop[1] != '\0' && settingGroupName(number).empty())
         return SettingKey{number, stop + 1};
     // Every group's name has exactly one dot.
     const size_t inside = name.find('.');

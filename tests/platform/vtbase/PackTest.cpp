@@ -30,6 +30,7 @@ TEST(Pack, FaultsAreNamedAndNothingIsTaken)
         {R"({"settings": {"VtCore.Menue": {}}})", "VtCore.Menue: "},
         {R"({"settings": {"VtCore.Menu": 1}})", "VtCore.Menu: "},
         {R"({"settings": {"VtCore.Menu": {"": 1}}})", "VtCore.Menu.: "},
+        {R"({"settings": {"VtCore.Menu": {"a\u0000b": 1}}})", "VtCore.Menu.a"},
         {R"({"settings": {"VtCore.Menu": {"a.b": 2147483648}}})", "VtCore.Menu.a.b: is no 32-bit integer"},
         {R"({"settings": {"VtCore.Menu": {"a.b": 1.5}}})", "VtCore.Menu.a.b: is no 32-bit integer"},
         {R"({"settings": {"VtCore.Menu": {"a.b": null}}})", "VtCore.Menu.a.b: "},

@@ -231,6 +231,7 @@ TEST(Command, OddArgumentsAndResultsThatGoNowhere)
                     {{"channel", "list"}, 0, "c1\tNews\n-1\tTitle\n", ""},
                     {{"set", title, "a\nb"}, 1, "", title.toStdString()},
                     {{"set", "11.z.z", "5", "--type", "int"}, 0, "", ""},
+                    {{"set", "5.z.z", "5", "--type", "int"}, 1, "", "5.z.z"},
                     {{"list", "11."}, 0, "11.z.z\tint\tuser\t5\n", ""},
                     {{"reset", "11.z.z"}, 0, "", ""},
                 });
