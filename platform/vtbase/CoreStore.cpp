@@ -146,6 +146,25 @@ OperatorPack::Channel readChannel(const Run& row)
     return channel;
 }
 
+// Columns as of ListProfiles and ReadProfile.
+OperatorPack::Profile readProfile(const Run& row)
+{
+    return {std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0};
+}
+
+// Reads the only row by `readRow`.
+template <typename Item>
+int readItem(Sqlite::Statement& statement, std::string_view id, Item (*readRow)(const Run&), Item& item)
+{
+    Run run(statement, id);
+    const int result = run.step();
+    if (result == SQLITE_DONE)
+        return STORE_NOT_FOUND;
+    if (result == SQLITE_ROW)
+        item = readRow(run);
+    return readStatus(result);
+}
+
 // Changes the profiles by `change`, which returns a status, and leaves one in force when one can be chosen.
 template <typename Change>
 int changeProfiles(Sqlite::Connection& connection, Change change)
@@ -289,13 +308,7 @@ int CoreStore::channels(std::vector<OperatorPack::Channel>& channels)
 
 int CoreStore::channel(std::string_view id, OperatorPack::Channel& channel)
 {
-    Run run(mDatabase->queries[StoreQueries::ReadChannel], id);
-    const int result = run.step();
-    if (result == SQLITE_DONE)
-        return STORE_NOT_FOUND;
-    if (result == SQLITE_ROW)
-        channel = readChannel(run);
-    return readStatus(result);
+    return readItem(mDatabase->queries[StoreQueries::ReadChannel], id, readChannel, channel);
 }
 
 int CoreStore::addChannel(const OperatorPack::Channel& channel)
@@ -313,10 +326,14 @@ int CoreStore::removeChannel(std::string_view id)
 int CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
 {
     std::vector<OperatorPack::Profile> result;
-    const int status = forEachRow(mDatabase->queries[StoreQueries::ListProfiles], [&](const Run& row) {
-        result.push_back({std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0});
-    });
+    const int status = forEachRow(mDatabase->queries[StoreQueries::ListProfiles],
+                                  [&](const Run& row) { result.push_back(readProfile(row)); });
     return answer(status, result, profiles);
+}
+
+int CoreStore::profile(std::string_view id, OperatorPack::Profile& profile)
+{
+    return readItem(mDatabase->queries[StoreQueries::ReadProfile], id, readProfile, profile);
 }
 
 int CoreStore::addProfile(const OperatorPack::Profile& profile)

@@ -79,8 +79,9 @@ public:
 
     // Profiles in the operator's order, and the one in force: empty when none is, which is so only when none can be
     // chosen. When adding or removing one leaves none in force, the first that can be chosen comes into force.
-    // Removing or choosing an unknown one answers STORE_NOT_FOUND.
+    // Reading, removing or choosing an unknown one answers STORE_NOT_FOUND.
     int profiles(std::vector<OperatorPack::Profile>& profiles);
+    int profile(std::string_view id, OperatorPack::Profile& profile);
     int addProfile(const OperatorPack::Profile& profile);
     int removeProfile(std::string_view id);
     int currentProfile(std::string& id);

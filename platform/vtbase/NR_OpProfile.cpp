@@ -4,8 +4,6 @@
 #include "DeviceFacts.h"
 #include "vtString.h"
 
-#include <algorithm>
-
 int NR_OpProfile::getSelectableProfiles(std::vector<vtTypes::String>& profiles, std::vector<bool>& flags)
 {
     std::vector<OperatorPack::Profile> stored;
@@ -34,16 +32,12 @@ vtTypes::String NR_OpProfile::getCurrentProfile()
 int NR_OpProfile::getOpLanguageString(const vtTypes::String& profile, vtTypes::String& name)
 {
     std::string id;
-    std::vector<OperatorPack::Profile> stored;
+    OperatorPack::Profile stored;
     if (!vtStringEncodeUtf8(profile, id))
         return STORE_NOT_FOUND;
-    if (const int status = CoreStore::instance().profiles(stored); status != STORE_OK)
+    if (const int status = CoreStore::instance().profile(id, stored); status != STORE_OK)
         return status;
-    const auto found = std::find_if(stored.begin(), stored.end(),
-                                    [&](const OperatorPack::Profile& one) { return one.id == id; });
-    if (found == stored.end())
-        return STORE_NOT_FOUND;
-    return vtStringFromUtf8(found->name, name) ? STORE_OK : STORE_FAILED;
+    return vtStringFromUtf8(stored.name, name) ? STORE_OK : STORE_FAILED;
 }
 
 int NR_OpProfile::installProfile(const vtTypes::String& profile)

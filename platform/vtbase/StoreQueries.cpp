@@ -20,6 +20,7 @@ constexpr const char* texts[] = {
     "INSERT INTO channel(id, title) VALUES(?1, ?2) ON CONFLICT(id) DO UPDATE SET title = excluded.title",
     "DELETE FROM channel WHERE id = ?1",
     "SELECT id, name, selectable FROM profile ORDER BY position",
+    "SELECT id, name, selectable FROM profile WHERE id = ?1",
     R"(INSERT INTO profile(id, name, selectable) VALUES(?1, ?2, ?3)
        ON CONFLICT(id) DO UPDATE SET name = excluded.name, selectable = excluded.selectable)",
     "DELETE FROM profile WHERE id = ?1",

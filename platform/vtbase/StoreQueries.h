@@ -22,6 +22,7 @@ public:
         WriteChannel,  // id, title
         RemoveChannel, // id
         ListProfiles,  // -> id, name, selectable
+        ReadProfile,   // id -> id, name, selectable
         WriteProfile,  // id, name, selectable
         RemoveProfile, // id
         ReadCurrent,   // -> id

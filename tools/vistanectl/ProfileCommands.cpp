@@ -3,7 +3,6 @@
 #include "CoreStore.h"
 #include "Tool.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace {
@@ -28,12 +27,10 @@ int list(const Tool& tool, CoreStore& store)
 
 int use(const Tool& tool, CoreStore& store, const std::string& id)
 {
-    std::vector<OperatorPack::Profile> profiles;
-    if (const int status = store.profiles(profiles); status != STORE_OK)
+    OperatorPack::Profile profile;
+    if (const int status = store.profile(id, profile); status != STORE_OK)
         return tool.finish(status, id);
-    const auto found = std::find_if(profiles.begin(), profiles.end(),
-                                    [&](const OperatorPack::Profile& one) { return one.id == id; });
-    if (found != profiles.end() && !found->selectable)
+    if (!profile.selectable)
         return tool.fail(Refused, id, "is locked");
     return tool.finish(store.setCurrentProfile(id), id);
 }
