@@ -8,8 +8,9 @@ namespace NR_MessageFile {
 
 inline constexpr char path[] = "/tmp/vtsms.txt";
 
-// Puts exactly `text` there, readable by the user alone. Where the file can't be written, or is not the user's own,
-// it stays as it is and nobody is told: the message is composed all the same, with the text that is there.
+// Puts exactly `text` there, readable by the user alone. A file that can't be opened for writing, or is not the
+// user's own, stays as it is; when the disk is full, as much of `text` is left as fitted. Nobody is told: the
+// message is composed all the same, with the text that is there.
 void write(std::string_view text);
 
 } // namespace NR_MessageFile
