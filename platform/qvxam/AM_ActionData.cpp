@@ -47,7 +47,8 @@ int AM_ActionData::invoke() const
         arguments.push_back(name);
         arguments.push_back(value);
     }
-    if (!Handover::announce("invoke", arguments))
+    Handover::announce("invoke", arguments);
+    if (!Handover::isOn())
         return 0;
     for (const auto& known : actions) {
         if (known.action == mAction)

@@ -14,20 +14,19 @@ const char* asText(bool flag)
 int AM_LauncherClient::launchAppObject(std::string_view appId, std::string_view args, int initiator, bool first,
                                        bool second)
 {
-    if (!Handover::announce("launchAppObject", {std::string(appId), std::string(args),
-                                                std::to_string(initiator), asText(first), asText(second)}))
-        return 0;
-    return Handover::startApplication(appId, args);
+    Handover::announce("launchAppObject", {std::string(appId), std::string(args), std::to_string(initiator),
+                                           asText(first), asText(second)});
+    return Handover::isOn() ? Handover::startApplication(appId, args) : 0;
 }
 
 int AM_LauncherClient::loadURL(std::string_view url)
 {
-    return Handover::announce("loadURL", {std::string(url)}) ? Handover::openLink(url) : 0;
+    Handover::announce("loadURL", {std::string(url)});
+    return Handover::isOn() ? Handover::openLink(url) : 0;
 }
 
 int AM_LauncherClient::openDocument(std::string_view path, std::string_view type, bool flag)
 {
-    if (!Handover::announce("openDocument", {std::string(path), std::string(type), asText(flag)}))
-        return 0;
-    return Handover::openLink(path);
+    Handover::announce("openDocument", {std::string(path), std::string(type), asText(flag)});
+    return Handover::isOn() ? Handover::openLink(path) : 0;
 }

@@ -77,14 +77,13 @@ QStringList commandOf(std::string_view appId)
 
 namespace Handover {
 
-bool announce(std::string_view operation, const std::vector<std::string>& arguments)
+void announce(std::string_view operation, const std::vector<std::string>& arguments)
 {
     QStringList texts;
     for (const std::string& argument : arguments)
         texts << asText(argument);
     HostBus::send(PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::request,
                   {asText(operation), texts});
-    return isOn();
 }
 
 bool isOn()

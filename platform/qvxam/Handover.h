@@ -11,11 +11,10 @@ namespace Handover {
 
 // Sends the signal Request of org.vistane.Platform1 at /Vistane/Platform: the operation's name and its
 // arguments in order, as text (bytes that are no UTF-8, and NULs, become U+FFFD; numbers in decimal, flags
-// "true" or "false", no text ""). True when the request is to be carried out too; with VISTANE_HANDOVER=off it
-// isn't, and counts as done.
-bool announce(std::string_view operation, const std::vector<std::string>& arguments);
+// "true" or "false", no text "").
+void announce(std::string_view operation, const std::vector<std::string>& arguments);
 
-// False while VISTANE_HANDOVER is off.
+// Whether requests are carried out, too; with VISTANE_HANDOVER=off they are only announced, and count as done.
 bool isOn();
 
 // Gives a link to the desktop's opener. 0 when that was started, -1 when the link is refused (see
