@@ -1,6 +1,7 @@
 #include "ApiProvider.h"
 #include "EntryRegistry.h"
 #include "Log.h"
+#include "MenuChannel.h"
 #include "MenuViewer.h"
 #include "NodeAdapter.h"
 #include "QCopChannel.h"
@@ -23,7 +24,7 @@ constexpr int channelLogLine = 116;
 // Every message on the menu channel, whatever it says, ends the program.
 void openMenuChannel(vtmenu::MenuViewer* rootViewer)
 {
-    auto* channel = new (std::nothrow) QCopChannel("/Vistane/MenuListener", rootViewer, nullptr);
+    auto* channel = new (std::nothrow) QCopChannel(menuChannel, rootViewer, nullptr);
     if (channel)
         QObject::connect(channel, SIGNAL(received(QCString, QByteArray)), rootViewer, SLOT(hideAndDelete()));
     else

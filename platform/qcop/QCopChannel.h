@@ -11,7 +11,7 @@ class QCopChannel : public QObject
     Q_OBJECT
 
 public:
-    // `channel` is a name like "/Vistane/MenuListener". Without a bus, or with a name that is no such path
+    // `channel` is a name like "/Some/Channel". Without a bus, or with a name that is no such path
     // (both are logged), the channel exists but never receives anything.
     explicit QCopChannel(const QCString& channel, QObject* parent = nullptr, const char* name = nullptr);
 

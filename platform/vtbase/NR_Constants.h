@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 // The names of the service's events. Defined here, so that they are there before anything that includes them.
@@ -14,5 +15,18 @@ inline const std::string EVENT_INITIATE_MANUAL_REFRESH = "EVENT_INITIATE_MANUAL_
 inline const std::string EVENT_ABORT_MANUAL_REFRESH = "EVENT_ABORT_MANUAL_REFRESH";
 inline const std::string EVENT_NOTIFY_MANUAL_REFRESH_STATUS = "EVENT_NOTIFY_MANUAL_REFRESH_STATUS";
 inline const std::string EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR = "EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR";
+
+// All of them.
+inline const std::array eventNames = {
+    EVENT_NAVIGATE,
+    EVENT_SHOW_HELP_EXCERPT_PAGE,
+    EVENT_NOTIFY_NETWORK_UPDATE_STARTED,
+    EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED,
+    EVENT_NOTIFY_STORAGE_STATUS,
+    EVENT_INITIATE_MANUAL_REFRESH,
+    EVENT_ABORT_MANUAL_REFRESH,
+    EVENT_NOTIFY_MANUAL_REFRESH_STATUS,
+    EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR,
+};
 
 } // namespace NR_Constants

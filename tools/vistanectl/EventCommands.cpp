@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "HostBus.h"
+#include "MenuChannel.h"
 #include "NR_Constants.h"
 #include "PlatformSignals.h"
 #include "QCopChannel.h"
@@ -22,26 +23,10 @@ struct Arguments
     int mode = 0;
 };
 
-const std::vector<std::string>& eventNames()
-{
-    static const std::vector<std::string> names = {
-        NR_Constants::EVENT_NAVIGATE,
-        NR_Constants::EVENT_SHOW_HELP_EXCERPT_PAGE,
-        NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_STARTED,
-        NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED,
-        NR_Constants::EVENT_NOTIFY_STORAGE_STATUS,
-        NR_Constants::EVENT_INITIATE_MANUAL_REFRESH,
-        NR_Constants::EVENT_ABORT_MANUAL_REFRESH,
-        NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS,
-        NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR,
-    };
-    return names;
-}
-
 std::string namesForHelp()
 {
     std::string help = "One of";
-    for (const std::string& name : eventNames())
+    for (const std::string& name : NR_Constants::eventNames)
         help += ' ' + name;
     return help;
 }
@@ -69,7 +54,7 @@ int afterSending(const Tool& tool, bool sent, const std::string& what)
 
 int send(const Tool& tool, const Arguments& arguments)
 {
-    const auto& names = eventNames();
+    const auto& names = NR_Constants::eventNames;
     if (std::find(names.begin(), names.end(), arguments.event) == names.end())
         return tool.fail(Refused, arguments.event, "is no event of the service");
     const Vt_Event event(arguments.event, arguments.value, parametersOf(arguments.parameters), arguments.text);
@@ -79,7 +64,7 @@ int send(const Tool& tool, const Arguments& arguments)
 
 int close(const Tool& tool)
 {
-    return afterSending(tool, QCopChannel::send("/Vistane/MenuListener", "close"), "close");
+    return afterSending(tool, QCopChannel::send(menuChannel, "close"), "close");
 }
 
 int idle(const Tool& tool)
