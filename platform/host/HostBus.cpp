@@ -11,6 +11,13 @@ namespace {
 
 const Log logger("HostBus");
 
+bool connectLoss(QDBusConnection& connection, QObject* receiver, const char* slot)
+{
+    return connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                              QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                              receiver, slot);
+}
+
 QDBusConnection& bus()
 {
     static QDBusConnection connection = [] {
@@ -21,9 +28,7 @@ QDBusConnection& bus()
         if (!session.isConnected())
             logger(3, "no session bus: %s", qUtf8Printable(session.lastError().message()));
         static BusLossReporter reporter;
-        session.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), &reporter,
-                        SLOT(report()));
+        connectLoss(session, &reporter, SLOT(report()));
         return session;
     }();
     return connection;
@@ -51,6 +56,11 @@ bool subscribe(const QString& path, const QString& interface, const QString& sig
                const char* slot)
 {
     return isConnected() && bus().connect(QString(), path, interface, signal, receiver, slot);
+}
+
+bool onLost(QObject* receiver, const char* slot)
+{
+    return isConnected() && connectLoss(bus(), receiver, slot);
 }
 
 bool flush()

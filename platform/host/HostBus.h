@@ -20,6 +20,10 @@ bool send(const QString& path, const QString& interface, const QString& signal, 
 bool subscribe(const QString& path, const QString& interface, const QString& signal, QObject* receiver,
                const char* slot);
 
+// Calls `slot` of `receiver` (as in SLOT(), without arguments) when a bus that was there goes away, until the
+// receiver is destroyed. False when there is no bus. The log says that it is gone by itself.
+bool onLost(QObject* receiver, const char* slot);
+
 // Waits until the bus has taken everything sent so far, and has set up every subscription; a program that
 // ends right after sending loses the signal without it. False when there is no bus.
 bool flush();

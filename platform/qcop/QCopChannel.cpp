@@ -2,15 +2,13 @@
 
 #include "HostBus.h"
 #include "Log.h"
+#include "QCopWire.h"
 
 #include <QRegularExpression>
 
 namespace {
 
 const Log logger("QCopChannel");
-
-const QString busInterface = QStringLiteral("org.vistane.QCop1");
-const QString busSignal = QStringLiteral("Received");
 
 // What D-Bus takes as an object path; it ends the connection of a program that sends anything else.
 bool isPath(const QString& channel)
@@ -28,13 +26,15 @@ QCopChannel::QCopChannel(const QCString& channel, QObject* parent, const char* n
     if (!isPath(path))
         logger(3, "%s is no channel name", channel.constData());
     else
-        HostBus::subscribe(path, busInterface, busSignal, this, SLOT(receive(QString, QByteArray)));
+        HostBus::subscribe(path, QCopWire::interface, QCopWire::signal, this,
+                           SLOT(receive(QString, QByteArray)));
 }
 
 bool QCopChannel::send(const QCString& channel, const QCString& message, const QByteArray& data)
 {
     const QString path = QString::fromUtf8(channel);
-    return isPath(path) && HostBus::send(path, busInterface, busSignal, {QString::fromUtf8(message), data});
+    return isPath(path) &&
+           HostBus::send(path, QCopWire::interface, QCopWire::signal, {QString::fromUtf8(message), data});
 }
 
 void QCopChannel::receive(const QString& message, const QByteArray& data)

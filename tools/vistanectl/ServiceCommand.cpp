@@ -56,23 +56,6 @@ private:
     QSocketNotifier mNotifier;
 };
 
-// Ends the program when the bus is gone: nobody can ask for anything any more.
-class BusWatch : public QObject
-{
-    Q_OBJECT
-
-public:
-    bool start()
-    {
-        return HostBus::subscribe(QStringLiteral("/org/freedesktop/DBus/Local"),
-                                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                                  this, SLOT(busLost()));
-    }
-
-private slots:
-    void busLost() { QCoreApplication::exit(NoBus); }
-};
-
 void report(bool json, const std::string& what, const std::string& details)
 {
     if (json)
@@ -84,8 +67,6 @@ void report(bool json, const std::string& what, const std::string& details)
 int serve(const Tool& tool, const Arguments& arguments)
 {
     const EndOnSignal endOnSignal;
-    BusWatch busWatch;
-    int exit;
     {
         StandInService::Plan plan = arguments.plan;
         plan.outcome = outcomes.at(arguments.outcome);
@@ -94,15 +75,13 @@ int serve(const Tool& tool, const Arguments& arguments)
         });
         if (arguments.once)
             QObject::connect(&service, &StandInService::runOver, [] { QCoreApplication::quit(); });
-        if (!busWatch.start() || !HostBus::flush())
+        // Without a bus nobody can ask for anything any more.
+        if (!HostBus::onLost(QCoreApplication::instance(), SLOT(quit())) || !HostBus::flush())
             return tool.fail(NoBus, "service", "there is no session bus");
         report(tool.json(), "ready", {});
-        exit = QCoreApplication::exec();
+        QCoreApplication::exec();
     }
-    if (exit != Done)
-        return tool.fail(NoBus, "service", "the session bus is gone");
-    HostBus::flush();
-    return Done;
+    return HostBus::flush() ? Done : tool.fail(NoBus, "service", "the session bus is gone");
 }
 
 } // namespace
@@ -128,5 +107,3 @@ void addServiceCommand(Tool& tool)
                    "of several would answer every request.");
     tool.onRun(command, [&tool, arguments](CoreStore&) { return serve(tool, *arguments); });
 }
-
-#include "ServiceCommand.moc"

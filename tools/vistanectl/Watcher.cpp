@@ -4,6 +4,7 @@
 #include "HostBus.h"
 #include "Output.h"
 #include "PlatformSignals.h"
+#include "QCopWire.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -21,13 +22,12 @@ struct Subscription
 };
 
 const Subscription subscriptions[] = {
-    {"/Vistane/Events", "org.vistane.Core1", "Event", SLOT(showEvent(QDBusMessage))},
-    {"", "org.vistane.QCop1", "Received", SLOT(showChannel(QDBusMessage))},
+    {EventWire::path, EventWire::interface, EventWire::signal, SLOT(showEvent(QDBusMessage))},
+    {{}, QCopWire::interface, QCopWire::signal, SLOT(showChannel(QDBusMessage))},
     {PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::request,
      SLOT(showRequest(QDBusMessage))},
     {PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::returnToIdle,
      SLOT(showIdle(QDBusMessage))},
-    {"/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", SLOT(busLost())},
 };
 
 QString text(const std::string& utf8)
@@ -42,7 +42,7 @@ bool Watcher::start()
     for (const auto& [path, interface, signal, slot] : subscriptions)
         if (!HostBus::subscribe(path, interface, signal, this, slot))
             return false;
-    return HostBus::flush();
+    return HostBus::onLost(QCoreApplication::instance(), SLOT(quit())) && HostBus::flush();
 }
 
 void Watcher::showEvent(const QDBusMessage& message)
@@ -102,11 +102,6 @@ void Watcher::showIdle(const QDBusMessage& message)
         return printUnknown(message);
     const int reason = message.arguments().at(0).toInt();
     print({"idle", QString::number(reason)}, {{"kind", "idle"}, {"reason", reason}});
-}
-
-void Watcher::busLost()
-{
-    QCoreApplication::quit();
 }
 
 void Watcher::print(const QStringList& columns, const QJsonObject& object) const

@@ -21,7 +21,6 @@ private slots:
     void showChannel(const QDBusMessage& message);
     void showRequest(const QDBusMessage& message);
     void showIdle(const QDBusMessage& message);
-    void busLost();
 
 private:
     // Texts of one line, and the same for machines.
