@@ -5,6 +5,8 @@
 #     phone_start [VARIABLE=VALUE...]               starts the program and waits for its window
 #     phone_press KEY...                            presses keys, each once the screen rests
 #     phone_picture FILE                            saves what the screen shows once it rests
+#     phone_service [OPTION...]                     starts the stand-in service, in place of one that runs
+#     phone_service_end SIGNAL                      ends it, and clears $phone_service_job
 #     phone_stop                                    asks for the idle screen and waits for the end of the program
 #
 # Everything that was started ends with the script.
@@ -85,4 +87,20 @@ phone_picture() { phone_rest; maim -u -i "$phone_window" "$1"; }
 phone_stop() {
     vistanectl idle
     wait "$phone_program"
+}
+
+# Its output goes to $phone_dir/service.
+phone_service() {
+    phone_service_end TERM
+    : >"$phone_dir/service" # or what the one before said would be read
+    vistanectl service "$@" >>"$phone_dir/service" &
+    phone_service_job=$!
+    phone_jobs+=("$phone_service_job")
+    phone_wait grep -q ready "$phone_dir/service"
+}
+phone_service_end() {
+    [ -n "${phone_service_job:-}" ] || return 0
+    kill -"$1" "$phone_service_job" 2>/dev/null || true
+    wait "$phone_service_job" 2>/dev/null || true
+    phone_service_job=
 }

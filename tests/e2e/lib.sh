@@ -34,22 +34,6 @@ in_log() { grep -qF "$1" "$VISTANE_LOG"; }
 events() { sed -n 's/^event\tEVENT_//p' "$phone_dir/watch" | tr '\t' ' '; }
 count() { grep -c "$1" "$phone_dir/watch" || true; }
 
-# Ends the service that runs, if any, and starts one with these options.
-service_start() {
-    service_end TERM
-    : >"$phone_dir/service" # or what the one before said would be read
-    vistanectl service "$@" >>"$phone_dir/service" &
-    service=$!
-    phone_jobs+=("$service")
-    wait_for grep -q ready "$phone_dir/service"
-}
-service_end() {
-    [ -n "${service:-}" ] || return 0
-    kill -"$1" "$service" 2>/dev/null || true
-    wait "$service" 2>/dev/null || true
-    service=
-}
-
 # Presses a key and waits until the screen shows something else and rests.
 press() {
     local before

@@ -32,7 +32,7 @@ wait_for on_bus ABORT
 same "$(phone_look)" "$page"
 
 echo "success: a notice, and under it the page with the new result"
-service_start --step-ms 300 --items 7 --bytes 2048
+phone_service --step-ms 300 --items 7 --bytes 2048
 refresh
 ends_with "Notify status: 3"
 wait_for looks_unlike "$page"
@@ -41,11 +41,11 @@ press Return
 looks_unlike "$page" || fail "the page is still the old one"
 
 echo "failures: Retry asks again after a pause, the other key does not"
-service_start --outcome connect-error --step-ms 300
+phone_service --outcome connect-error --step-ms 300
 refresh
 ends_with "showErrDlg, state is 4"
 same "$(last LastUpdateResult)" FAILED
-service_start --step-ms 300
+phone_service --step-ms 300
 forget
 SECONDS=0
 press F1
@@ -54,27 +54,27 @@ wait_for on_bus INITIATE
 ends_with "Notify status: 3"
 same "$(last LastUpdateResult), $(requests)" "SUCCESS, 1"
 press F1
-service_start --outcome download-error --step-ms 300
+phone_service --outcome download-error --step-ms 300
 refresh
 ends_with "showErrDlg, state is 5"
 press F2
 same "$(last LastUpdateResult), $(requests)" "FAILED, 1"
 
 echo "refused: a notice"
-service_start --outcome queue
+phone_service --outcome queue
 refresh
 ends_with "showErrDlg, state is 6"
 press Return
 
 echo "cancelled: the service stops"
-service_start --step-ms 5000
+phone_service --step-ms 5000
 refresh
 press F2
 wait_for grep -q CANCELLED "$phone_dir/service"
 same "$(last LastUpdateResult), $(count REFRESH_STATUS.[0-3])" "CANCELLED, 0"
 
 echo "hidden: it goes on, and Refresh brings it back instead of asking again"
-service_start --step-ms 1500 --items 9
+phone_service --step-ms 1500 --items 9
 refresh
 press F1
 in_log "the dlg is hided" || fail "not hidden"
@@ -87,14 +87,14 @@ same "$(last ItemsDownloaded), $(requests), $(count ABORT)" "9, 1, 0"
 press Return
 
 echo "the service dies: the user can cancel, and a new one answers"
-service_start --step-ms 3600000
+phone_service --step-ms 3600000
 refresh
 wait_for in_log "Notify status: 4"
-service_end KILL
+phone_service_end KILL
 runs
 press F2
 wait_for on_bus ABORT
-service_start --step-ms 300 --items 3
+phone_service --step-ms 300 --items 3
 refresh
 ends_with "Notify status: 3"
 press Return

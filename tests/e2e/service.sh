@@ -10,10 +10,10 @@ memory() { echo "NOTIFY_STORAGE_STATUS 0 param.free=$((680 - $1)) K param.total=
 
 # outcome, exact events of a run, its result, stories in the settings
 run() {
-    service_start --outcome "$1" --step-ms 20 --items 7 --bytes 2100 --once
+    phone_service --outcome "$1" --step-ms 20 --items 7 --bytes 2100 --once
     forget
     request
-    wait "$service" || fail "$1: exit status $?"
+    wait "$phone_service_job" || fail "$1: exit status $?"
     wait_for on_bus "$(tail -n 1 <<<"$2" | cut -d ' ' -f 1)"
     same "$(events)" "INITIATE_MANUAL_REFRESH 0"$'\n'"$2"
     same "$(last LastUpdateResult), $(last ItemsDownloaded)" "$3"
@@ -41,7 +41,7 @@ NOTIFY_NETWORK_UPDATE_COMPLETED 0
 NOTIFY_MANUAL_REFRESH_STATUS 2" "FAILED, 7"
 
 # A second request is refused and the run goes on; an abort ends it, and one that comes too late does nothing.
-service_start --step-ms 3600000
+phone_service --step-ms 3600000
 forget
 request
 request
@@ -60,19 +60,19 @@ same "$(count NOTIFY_QUEUE_IN_PROGRESS_ERROR) $(count REFRESH_STATUS.[0-3]) $(co
 # Ended in the middle of a run, it leaves no update behind that never completes.
 vistanectl set VtCore.DCD.RuntimeValues.LastUpdateResult SUCCESS
 for signal in TERM INT; do
-    service_start --step-ms 3600000
+    phone_service --step-ms 3600000
     forget
     request
     wait_for grep -q started "$phone_dir/service"
-    kill -$signal "$service"
-    wait "$service" || fail "$signal: exit status $?"
+    kill -$signal "$phone_service_job"
+    wait "$phone_service_job" || fail "$signal: exit status $?"
     wait_for on_bus COMPLETED
     same "$(last LastUpdateResult)" CANCELLED
 done
 
 # At rest it never wakes up.
-service_start
-switches() { cat /proc/"$service"/task/*/status | grep voluntary_ctxt; }
+phone_service
+switches() { cat /proc/"$phone_service_job"/task/*/status | grep voluntary_ctxt; }
 settled() { local before; before=$(switches); sleep 1; [ "$before" = "$(switches)" ]; }
 wait_for settled
 
