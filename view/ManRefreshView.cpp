@@ -23,9 +23,6 @@ namespace {
 
 const Log logger("ManRefreshView");
 
-constexpr int leftSoftKeyCode = 4152;
-constexpr int rightSoftKeyCode = 4154;
-
 // A service that reports in a storm must not pile up timers, nor notices in each other's event loops.
 constexpr size_t maxWaiting = 16;
 constexpr size_t maxNotices = 8;
@@ -193,8 +190,8 @@ void ManRefreshView::showRetryDlg(State state)
     const QString text = menuText("ManRefresh.Instruction.AskTryAgain");
     mpMsgDlg = new UMessageDlg(caption, text, 0, 0, nullptr, nullptr, false, 0);
     mpKeyObj = new UKeyObject(mpMsgDlg, nullptr, nullptr);
-    mpKeyObj->addKey(leftSoftKeyCode, true);
-    mpKeyObj->addKey(rightSoftKeyCode, true);
+    mpKeyObj->addKey(UKeyObject::leftSoftKey, true);
+    mpKeyObj->addKey(UKeyObject::rightSoftKey, true);
     connect(mpKeyObj, SIGNAL(keyPressed(int)), this, SLOT(slotKeyPress(int)));
     mpMsgDlg->setSoftkeyTextLeft(menuText("ManRefresh.Instruction.Retry"));
     mpMsgDlg->show();
@@ -220,9 +217,9 @@ bool ManRefreshView::runNotice(UNoticeDlg& notice)
 
 void ManRefreshView::slotKeyPress(int key)
 {
-    if (key == leftSoftKeyCode)
+    if (key == UKeyObject::leftSoftKey)
         errorLSK();
-    else if (key == rightSoftKeyCode)
+    else if (key == UKeyObject::rightSoftKey)
         errorRSK();
     else
         return;

@@ -1,7 +1,6 @@
 #include "PhoneScreen.h"
 
 #include "Log.h"
-#include "Look.h"
 #include "PhoneKeys.h"
 #include "UApplication.h"
 

@@ -1,5 +1,6 @@
 #include "SoftKeyEvent.h"
 
+#include "UKeyObject.h"
 #include "USoftKey.h"
 
 QEvent::Type SoftKeyEvent::type()
@@ -10,5 +11,5 @@ QEvent::Type SoftKeyEvent::type()
 
 int SoftKeyEvent::code() const
 {
-    return mKey == USoftKey::Left ? leftCode : rightCode;
+    return mKey == USoftKey::Left ? UKeyObject::leftSoftKey : UKeyObject::rightSoftKey;
 }

@@ -7,15 +7,13 @@
 class SoftKeyEvent : public QEvent
 {
 public:
-    static constexpr int leftCode = 4152; // the phone's own codes
-    static constexpr int rightCode = 4154;
-
     static QEvent::Type type();
 
     // `key` is USoftKey::Left or USoftKey::Right.
     explicit SoftKeyEvent(int key) : QEvent(type()), mKey(key) {}
 
     int key() const { return mKey; }
+    // As UKeyObject has them.
     int code() const;
 
 private:

@@ -8,7 +8,7 @@ UKeyObject::UKeyObject(QWidget* watched, QObject* /*receiver*/, const char* name
     setObjectName(QString::fromLatin1(name));
     watched->installEventFilter(this);
     if (auto* popup = qobject_cast<UPopup*>(watched))
-        connect(popup, &UPopup::dismissed, this, [this] { report(SoftKeyEvent::rightCode); });
+        connect(popup, &UPopup::dismissed, this, [this] { report(rightSoftKey); });
 }
 
 void UKeyObject::addKey(int code, bool grab)

@@ -3,8 +3,7 @@
 #include <QObject>
 #include <QSet>
 
-// Watches the soft keys of a pop-up and takes those it was told of before the pop-up gets them. The codes are
-// 4152 for the left and 4154 for the right one.
+// Watches the soft keys of a pop-up and takes those it was told of before the pop-up gets them.
 //
 // The watcher is no child of the pop-up, so that either can be deleted by whoever the signal reaches. A pop-up that
 // leaves the screen by the return to idle counts as its right key.
@@ -13,6 +12,10 @@ class UKeyObject : public QObject
     Q_OBJECT
 
 public:
+    // The phone's own codes of the keys.
+    static constexpr int leftSoftKey = 4152;
+    static constexpr int rightSoftKey = 4154;
+
     // `watched` is not owned. `receiver` is the phone's and unused.
     explicit UKeyObject(QWidget* watched, QObject* receiver = nullptr, const char* name = nullptr);
 

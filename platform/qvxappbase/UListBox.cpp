@@ -13,9 +13,10 @@
 
 #include <algorithm>
 
-UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int /*skin*/) : QListWidget(parent)
+UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int /*skin*/)
+    : QListWidget(parent), mRows(new RowDelegate(this))
 {
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(mRows);
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -201,8 +202,7 @@ void UListBox::startMarquee()
 {
     if (!mMarquee)
         return;
-    const auto* rows = static_cast<const RowDelegate*>(itemDelegate());
-    const int length = hasFocus() ? rows->runLength(currentIndex()) : 0;
+    const int length = hasFocus() ? mRows->runLength(currentIndex()) : 0;
     if (length > 0)
         mMarquee->start(length);
     else

@@ -3,6 +3,7 @@
 #include <QListWidget>
 
 class Marquee;
+class RowDelegate;
 class UListItem;
 
 // A list of rows, one of them highlighted. It owns its rows.
@@ -66,6 +67,7 @@ private:
     void choose(int row);
     void startMarquee();
 
+    RowDelegate* mRows;
     Marquee* mMarquee = nullptr;
     int mChecked = -1;
     bool mRadio = false;

@@ -1,16 +1,10 @@
 #include "UMessageDlg.h"
 
-#include "TextScroll.h"
-
-#include <QVBoxLayout>
-
 UMessageDlg::UMessageDlg(const QString& caption, const QString& text, int /*type*/, int, QWidget* parent,
                          const char* name, bool modal, int flags)
     : UPopup(caption, parent, name, modal, flags)
 {
-    auto* scroll = new TextScroll(text, this);
-    content()->addWidget(scroll);
-    setKeyReceiver(scroll);
+    addText(text);
     setSoftkeyTextLeft(UPopup::tr("TXT_RID_SOFTKEY_OK", "OK"));
     setSoftkeyTextRight(UPopup::tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"));
 }

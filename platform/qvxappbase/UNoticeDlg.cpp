@@ -1,16 +1,10 @@
 #include "UNoticeDlg.h"
 
-#include "TextScroll.h"
-
-#include <QVBoxLayout>
-
 UNoticeDlg::UNoticeDlg(int /*type*/, const QString& text, const QString& title, QWidget* parent,
                        const char* name, bool modal, int flags, bool)
     : UPopup(title, parent, name, modal, flags)
 {
-    auto* scroll = new TextScroll(text, this);
-    content()->addWidget(scroll);
-    setKeyReceiver(scroll);
+    addText(text);
     setSoftkeyTextLeft(UPopup::tr("TXT_RID_SOFTKEY_OK", "OK"));
 }
 

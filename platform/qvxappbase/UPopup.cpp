@@ -5,6 +5,7 @@
 #include "PhoneScreen.h"
 #include "SoftKeyEvent.h"
 #include "TextBlock.h"
+#include "TextScroll.h"
 #include "UApplication.h"
 #include "USoftKey.h"
 
@@ -48,7 +49,8 @@ void UPopup::show()
 {
     if (!mShown) {
         mShown = true;
-        mIdle = connect(UApplication::instance(), &UApplication::askReturnToIdle, this, &UPopup::returnToIdle);
+        mIdleConnection =
+            connect(UApplication::instance(), &UApplication::askReturnToIdle, this, &UPopup::returnToIdle);
     }
     PhoneScreen::instance()->put(this, PhoneScreen::Layer::Popup);
     arrange();
@@ -66,7 +68,7 @@ int UPopup::exec()
     // Still shown when something else ended the loop, as the end of the program does.
     if (mShown)
         takeOff(0);
-    disconnect(mIdle);
+    disconnect(mIdleConnection);
     return mResult;
 }
 
@@ -94,6 +96,13 @@ void UPopup::setKeyReceiver(QWidget* receiver)
 {
     setFocusProxy(receiver);
     receiver->setAccessibleName(accessibleName());
+}
+
+void UPopup::addText(const QString& text)
+{
+    auto* scroll = new TextScroll(text, this);
+    mContent->addWidget(scroll);
+    setKeyReceiver(scroll);
 }
 
 bool UPopup::event(QEvent* event)
@@ -155,7 +164,7 @@ void UPopup::takeOff(int result)
     if (mLoop)
         mLoop->quit();
     else
-        disconnect(mIdle);
+        disconnect(mIdleConnection);
 }
 
 void UPopup::returnToIdle()

@@ -48,6 +48,9 @@ protected:
     // Where a dialog puts what it shows, under the caption.
     QVBoxLayout* content() const { return mContent; }
 
+    // Adds a text that scrolls when it is longer than its place, and gets the keys that are no soft keys.
+    void addText(const QString& text);
+
     // What gets the keys that are no soft keys.
     void setKeyReceiver(QWidget* receiver);
 
@@ -69,7 +72,7 @@ private:
     QVBoxLayout* mContent;
     USoftKey* mSoftKeyBar;
     QEventLoop* mLoop = nullptr; // of a running exec()
-    QMetaObject::Connection mIdle;
+    QMetaObject::Connection mIdleConnection;
     int mResult = 0;
     bool mShown = false;
 };

@@ -1,7 +1,6 @@
 #include "UProgressDlg.h"
 
 #include "Look.h"
-#include "TextScroll.h"
 
 #include <QPainter>
 #include <QProgressBar>
@@ -45,10 +44,8 @@ UProgressDlg::UProgressDlg(const QString& caption, const QString& text, int tota
                            const char* name, bool modal, int flags)
     : UPopup(caption, parent, name, modal, flags), mBar(new ProgressBar(this))
 {
-    auto* scroll = new TextScroll(text, this);
-    content()->addWidget(scroll);
+    addText(text);
     content()->addWidget(mBar);
-    setKeyReceiver(scroll);
     mBar->setRange(0, total);
     setSoftkeyTextLeft(UPopup::tr("TXT_RID_SOFTKEY_HIDE", "Hide"));
     setSoftkeyTextRight(UPopup::tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"));

@@ -2,7 +2,6 @@
 
 #include "ApiProvider.h"
 #include "EntryRegistry.h"
-#include "FormAdapter.h"
 #include "MenuNode.h"
 #include "NodeAdapter.h"
 #include "Tool.h"
