@@ -1,6 +1,7 @@
 #include "ApiOptionForm.h"
 
 #include "ApiRegistry.h"
+#include "ListText.h"
 
 #include <sstream>
 
@@ -38,7 +39,7 @@ std::string ApiOptionForm::optionLabel(int i) const
 
 bool ApiOptionForm::setValue(int i)
 {
-    if (!isChange(i))
+    if (!isChange(i) || ListText::isDisabled(optionLabel(i)))
         return false;
     ApiRegistry::instance()->set(mSetApi, i);
     return true;

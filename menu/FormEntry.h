@@ -26,8 +26,8 @@ public:
     virtual bool needsWarning(int /*i*/) const { return false; }
 
     virtual int currentIndex() const = 0; // the choice in force
-    // Applies choice `i`. False, and nothing written, when there is no such choice or it is in force already
-    // (the only choice of a form is applied again each time). True otherwise, even when the write failed; a
+    // Applies choice `i`. False, and nothing written, when there is no such choice, it can't be chosen, or it is in
+    // force already (the only choice of a form is applied again each time). True otherwise, even when the write failed; a
     // negative index writes nothing and answers true.
     virtual bool setValue(int i) = 0;
 

@@ -175,6 +175,9 @@ TEST(ApiOptionForm, HandsTheIndexToItsSetter)
     EXPECT_FALSE(form.setValue(1)) << "in force";
     EXPECT_FALSE(form.setValue(3));
     EXPECT_TRUE(form.setValue(2));
+    list = "DISABLE:a";
+    form.reload();
+    EXPECT_FALSE(form.setValue(0)) << "not even the only choice, which nobody is asked for";
     list = current = "a";
     form.reload();
     EXPECT_TRUE(form.setValue(0) && form.setValue(0)) << "an only choice is applied each time";
