@@ -5,9 +5,9 @@
 
 #include <sstream>
 
-ApiOptionForm::ApiOptionForm(const std::string& listApi, const std::string& currentApi,
+ApiOptionForm::ApiOptionForm(const char* name, const std::string& listApi, const std::string& currentApi,
                              const std::string& setApi)
-    : mListApi(listApi), mCurrentApi(currentApi), mSetApi(setApi)
+    : SettingsForm(name), mListApi(listApi), mCurrentApi(currentApi), mSetApi(setApi)
 {
 }
 

@@ -1,16 +1,14 @@
 #pragma once
 
-#include "MenuNode.h"
+#include "SettingsNode.h"
 
 // The sub-menu of the headlines' own settings; hidden while the service is off.
-class ConfigureHeadlinesNode : public MenuNode
+class ConfigureHeadlinesNode : public SettingsNode
 {
 public:
-    ConfigureHeadlinesNode() : MenuNode("ConfigureHeadlines", 0) {}
+    ConfigureHeadlinesNode() : SettingsNode("ConfigureHeadlines", 0) {}
 
     bool isHidden() const override;
     bool isEnabled() const override;
-    std::string title() const override;
-    std::string label() const override;
     void watchedKeys(std::set<std::string>& keys) const override;
 };

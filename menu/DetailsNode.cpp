@@ -23,7 +23,7 @@ constexpr struct
 
 } // namespace
 
-DetailsNode::DetailsNode() : MenuNode("Details", 1)
+DetailsNode::DetailsNode() : SettingsNode("Details", 1)
 {
     for (const auto& row : rows)
         mChildren.push_back(new DetailsRow(row.apiName, row.labelKey));
@@ -35,24 +35,9 @@ DetailsNode::~DetailsNode()
         delete row;
 }
 
-bool DetailsNode::isHidden() const
-{
-    return !MenuSettings::isVisible(mName);
-}
-
 bool DetailsNode::isEnabled() const
 {
     return MenuSettings::isEnabledWithoutProfile(mName);
-}
-
-std::string DetailsNode::title() const
-{
-    return MenuSettings::title(mName);
-}
-
-std::string DetailsNode::label() const
-{
-    return MenuSettings::label(mName);
 }
 
 void DetailsNode::watchedKeys(std::set<std::string>& keys) const

@@ -1,18 +1,15 @@
 #pragma once
 
-#include "MenuNode.h"
+#include "SettingsNode.h"
 
 // The page of facts about the service. Its children are fixed, and owned.
-class DetailsNode : public MenuNode
+class DetailsNode : public SettingsNode
 {
 public:
     DetailsNode();
     ~DetailsNode() override;
 
-    bool isHidden() const override;
     bool isEnabled() const override;
-    std::string title() const override;
-    std::string label() const override;
     void clearChildren() override {}
     void loadChildren() override {}
     void watchedKeys(std::set<std::string>& keys) const override;

@@ -4,38 +4,19 @@
 #include "MenuSettings.h"
 #include "SettingHelper.h"
 
-namespace {
-constexpr char name[] = "Profile";
-}
-
-ProfileForm::ProfileForm() : ApiOptionForm("PROFILE_API", "CURRENT_PROFILE_API", "SET_PROFILE_API")
+ProfileForm::ProfileForm() : ApiOptionForm("Profile", "PROFILE_API", "CURRENT_PROFILE_API", "SET_PROFILE_API")
 {
     mWarnOnOff = true;
 }
 
 bool ProfileForm::isHidden() const
 {
-    return !MenuSettings::isVisible(name) || ApiRegistry::instance()->isHidden("HIDE_PROFILE_API");
-}
-
-bool ProfileForm::isEnabled() const
-{
-    return MenuSettings::isEnabledWithoutProfile(name);
-}
-
-std::string ProfileForm::title() const
-{
-    return MenuSettings::title(name);
+    return SettingsForm::isHidden() || ApiRegistry::instance()->isHidden("HIDE_PROFILE_API");
 }
 
 std::string ProfileForm::instructText() const
 {
     return getStringSetting(GROUP_CONNECTION_PROFILES, "instruction");
-}
-
-std::string ProfileForm::label() const
-{
-    return MenuSettings::label(name);
 }
 
 std::string ProfileForm::warningLabel() const

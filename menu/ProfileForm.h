@@ -10,10 +10,7 @@ public:
     ProfileForm();
 
     bool isHidden() const override;
-    bool isEnabled() const override;
-    std::string title() const override;
     std::string instructText() const override;
-    std::string label() const override;
     std::string warningLabel() const override;
     std::string warningText() const override;
     bool needsWarning(int i) const override;

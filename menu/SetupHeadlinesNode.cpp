@@ -2,24 +2,9 @@
 
 #include "MenuSettings.h"
 
-bool SetupHeadlinesNode::isHidden() const
-{
-    return !MenuSettings::isVisible(mName);
-}
-
 bool SetupHeadlinesNode::isEnabled() const
 {
     return MenuSettings::isEnabled(mName) && !MenuSettings::isServiceOff();
-}
-
-std::string SetupHeadlinesNode::title() const
-{
-    return MenuSettings::title(mName);
-}
-
-std::string SetupHeadlinesNode::label() const
-{
-    return MenuSettings::label(mName);
 }
 
 std::string SetupHeadlinesNode::warningLabel() const

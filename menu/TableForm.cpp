@@ -28,24 +28,6 @@ void write(int group, const char* key, const std::string& value)
 } // namespace
 
 template <class Value>
-bool TableForm<Value>::isHidden() const
-{
-    return !MenuSettings::isVisible(mName);
-}
-
-template <class Value>
-bool TableForm<Value>::isEnabled() const
-{
-    return MenuSettings::isEnabledWithoutProfile(mName);
-}
-
-template <class Value>
-std::string TableForm<Value>::title() const
-{
-    return MenuSettings::title(mName);
-}
-
-template <class Value>
 std::string TableForm<Value>::instructText() const
 {
     return MenuSettings::text(std::string(mName) + ".InstructText");
@@ -55,12 +37,6 @@ template <class Value>
 int TableForm<Value>::optionCount() const
 {
     return static_cast<int>(mChoices.size());
-}
-
-template <class Value>
-std::string TableForm<Value>::label() const
-{
-    return MenuSettings::label(mName);
 }
 
 template <class Value>

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "FormEntry.h"
+#include "SettingsForm.h"
 
 #include <span>
 
-// A form that is its table: each choice a label and the value it stores. Once an operator profile is chosen it is
-// disabled. `Value` is int or std::string.
+// A form that is its table: each choice a label and the value it stores. `Value` is int or std::string.
 template <class Value>
-class TableForm : public FormEntry
+class TableForm : public SettingsForm
 {
 public:
     struct Choice
@@ -25,16 +24,12 @@ public:
 
     // `name` begins the keys of the form's texts. The name, the key and the choices are kept, not copied.
     TableForm(const char* name, Setting setting, std::span<const Choice> choices)
-        : mName(name), mSetting(setting), mChoices(choices)
+        : SettingsForm(name), mSetting(setting), mChoices(choices)
     {
     }
 
-    bool isHidden() const override;
-    bool isEnabled() const override;
-    std::string title() const override;
     std::string instructText() const override;
     int optionCount() const override;
-    std::string label() const override;
     std::string optionLabel(int i) const override;
     int currentIndex() const override;
     bool setValue(int i) override;
@@ -43,7 +38,6 @@ public:
 private:
     bool hasChoice(int i) const;
 
-    const char* const mName;
     const Setting mSetting;
     const std::span<const Choice> mChoices;
 };

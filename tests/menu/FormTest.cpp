@@ -115,7 +115,8 @@ std::vector<int> chosen;
 class TestForm : public ApiOptionForm
 {
 public:
-    explicit TestForm(const char* setApi = "TEST_SET") : ApiOptionForm("TEST_LIST", "TEST_CURRENT", setApi)
+    explicit TestForm(const char* setApi = "TEST_SET")
+        : ApiOptionForm("Test", "TEST_LIST", "TEST_CURRENT", setApi)
     {
         ApiRegistry* apis = ApiRegistry::instance();
         apis->add("TEST_LIST", [] { return list; });
@@ -123,11 +124,7 @@ public:
         apis->add("TEST_SET", [](int i) { chosen.push_back(i); });
     }
 
-    bool isHidden() const override { return false; }
-    bool isEnabled() const override { return true; }
-    std::string title() const override { return {}; }
     std::string instructText() const override { return {}; }
-    std::string label() const override { return {}; }
 };
 
 TEST(ApiOptionForm, ReadsItsChoicesLineByLine)
