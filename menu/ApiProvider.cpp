@@ -3,8 +3,7 @@
 #include "ApiRegistry.h"
 #include "MemoryFile.h"
 #include "NR_Constants.h"
-#include "NR_OpProfile.h"
-#include "SettingHelper.h"
+#include "ProfileChoice.h"
 #include "StatusValues.h"
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
@@ -48,20 +47,6 @@ bool showAlways()
     return false;
 }
 
-void setProfile(int index)
-{
-    const std::vector<vtTypes::String>& profiles = StatusValues::state().selectableProfiles;
-    if (index < 0 || static_cast<size_t>(index) >= profiles.size())
-        return;
-    setIntSetting(GROUP_MENU, "ProfileSelected", 1);
-    StatusValues::operatorProfile().installProfile(profiles[index]);
-}
-
-bool isProfileFixed()
-{
-    return !StatusValues::operatorProfile().isUserSelectProfile();
-}
-
 void registerApis(ApiRegistry& apis)
 {
     apis.add("READ_STORY_API", readStory);
@@ -78,10 +63,10 @@ void registerApis(ApiRegistry& apis)
     apis.add("ROAMING_STATUS_API", StatusValues::roamingStatus);
     apis.add("ACTIVITY_API", StatusValues::activity);
     apis.add("MEMORY_API", StatusValues::memory);
-    apis.add("PROFILE_API", StatusValues::profileList);
-    apis.add("CURRENT_PROFILE_API", StatusValues::currentProfile);
-    apis.add("SET_PROFILE_API", setProfile);
-    apis.add("HIDE_PROFILE_API", isProfileFixed);
+    apis.add("PROFILE_API", ProfileChoice::list);
+    apis.add("CURRENT_PROFILE_API", ProfileChoice::current);
+    apis.add("SET_PROFILE_API", ProfileChoice::choose);
+    apis.add("HIDE_PROFILE_API", ProfileChoice::isFixed);
     apis.add("HOW_TO_USE_API", howToUse);
 }
 
@@ -99,7 +84,7 @@ ApiProvider::ApiProvider() : Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_
     facade.addEventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_STARTED, this);
     facade.addEventHandler(NR_Constants::EVENT_NOTIFY_STORAGE_STATUS, this);
     registerApis(*ApiRegistry::instance());
-    StatusValues::operatorProfile();
+    ProfileChoice::prepare();
     MemoryFile::load(MemoryFile::defaultPath, StatusValues::state());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 // Choices as one text: a line for each, with a mark before one that is shown greyed and can't be chosen. The mark
@@ -17,6 +18,14 @@ inline std::string choice(const std::string& label, bool selectable)
 inline bool isDisabled(const std::string& choice)
 {
     return choice.starts_with(disabledMark);
+}
+
+// A name as one line: the store's cut to 16 bits can make a line feed of another character, which would count as a
+// line more.
+inline std::string oneLine(std::string name)
+{
+    std::replace(name.begin(), name.end(), '\n', ' ');
+    return name;
 }
 
 // What people read of a choice.

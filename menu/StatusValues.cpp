@@ -6,13 +6,11 @@
 #include "NR_Constants.h"
 #include "NR_ContentCache.h"
 #include "NR_EngineUtils.h"
-#include "NR_OpProfile.h"
 #include "SettingHelper.h"
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
 #include "vtString.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
 
@@ -53,15 +51,6 @@ std::string updateResultLabel(const std::string& result)
     return {};
 }
 
-// A name as one line of a list. The cut to 16 bits can make a line feed of another character, which would count
-// as a line more.
-std::string oneLine(const vtTypes::String& name)
-{
-    std::string line = vtStringToUtf8(name);
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    return line;
-}
-
 std::string networkName(int (Vt_EventAndStatusFacade::*get)(vtTypes::String&))
 {
     vtTypes::String name;
@@ -74,13 +63,6 @@ std::string memoryLine(const char* labelKey, const std::string& memoryText)
     return text(labelKey) + ' ' + memoryText + '\n';
 }
 
-std::string profileName(const vtTypes::String& profile)
-{
-    vtTypes::String name;
-    StatusValues::operatorProfile().getOpLanguageString(profile, name);
-    return oneLine(name);
-}
-
 } // namespace
 
 namespace StatusValues {
@@ -89,12 +71,6 @@ State& state()
 {
     static State* const state = new State;
     return *state;
-}
-
-NR_OpProfile& operatorProfile()
-{
-    static NR_OpProfile* const profile = new NR_OpProfile;
-    return *profile;
 }
 
 void follow(const Vt_Event& event)
@@ -135,7 +111,7 @@ std::string subscription()
         if (cache.get(id, channel) != 0)
             continue;
         ++count;
-        names += oneLine(channel.title) + '\n';
+        names += ListText::oneLine(vtStringToUtf8(channel.title)) + '\n';
     }
     return std::to_string(count) + ' ' + text("Details.ChannelsLabel") + '\n' + names;
 }
@@ -185,25 +161,6 @@ std::string memory()
     lines += memoryLine("Details.FreeMemoryLabel", known.freeMemoryText);
     lines += memoryLine("Details.TotalMemoryLabel", known.totalMemoryText);
     return lines;
-}
-
-std::string profileList()
-{
-    std::vector<vtTypes::String>& profiles = state().selectableProfiles;
-    std::vector<bool> flags;
-    if (operatorProfile().getSelectableProfiles(profiles, flags) != 0)
-        profiles.clear();
-    std::string lines;
-    for (size_t i = 0; i < profiles.size(); ++i) {
-        const bool selectable = i < flags.size() && flags[i];
-        lines += ListText::choice(profileName(profiles[i]), selectable) + '\n';
-    }
-    return lines;
-}
-
-std::string currentProfile()
-{
-    return profileName(operatorProfile().getCurrentProfile());
 }
 
 } // namespace StatusValues

@@ -1,15 +1,11 @@
 #pragma once
 
-#include "vtTypes.h"
-
 #include <string>
-#include <vector>
 
-class NR_OpProfile;
 class Vt_Event;
 
-// What the details page and the choice of a profile show: facts about the service, as UTF-8 texts that are made
-// afresh by every call. A label that the operator has not set shows as nothing.
+// What the details page shows: facts about the service, as UTF-8 texts that are made afresh by every call. A label
+// that the operator has not set shows as nothing.
 namespace StatusValues {
 
 // What the texts know that no store does. One per process, living as long as it does.
@@ -19,26 +15,20 @@ struct State
     std::string totalMemoryText = "680 K";
     std::string freeMemoryText = "680 K";
     std::string usedMemoryText = "0 K";
-    std::vector<vtTypes::String> selectableProfiles; // as of the last profileList()
 };
 State& state();
-
-// The operator profiles; made by the first call, living as long as the process.
-NR_OpProfile& operatorProfile();
 
 // Takes what an event of the service says into the state. Other events change nothing.
 void follow(const Vt_Event& event);
 
 std::string lastConnection(); // date and local time, a line feed, and the result
-std::string
-subscription();            // the number of channels, then a line for each; empty when the content can't be read
-std::string homeNetwork(); // empty when the device can't tell
+// The number of channels, then a line for each; empty when the content can't be read.
+std::string subscription();
+std::string homeNetwork();    // empty when the device can't tell
 std::string currentNetwork(); // likewise
 std::string downloadMode();   // when the service may download
 std::string roamingStatus();  // roaming or not; a friendly network counts as home
 std::string activity();       // what the service is doing now
 std::string memory();         // three lines: content, free and total memory
-std::string profileList();    // the ListText of the profiles
-std::string currentProfile(); // the name of the profile in force
 
 } // namespace StatusValues

@@ -51,7 +51,7 @@ TEST_F(MemoryFileTest, ReadsTheLinesThereAre)
 
 TEST_F(MemoryFileTest, WritesWhatItReads)
 {
-    const State state{false, "total", "free", "used", {}};
+    const State state{false, "total", "free", "used"};
     put(mPath, "something longer than what is written now");
     MemoryFile::save(mPath.c_str(), state);
     EXPECT_EQ(content(mPath), "total\nfree\nused\n");

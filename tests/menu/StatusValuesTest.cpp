@@ -1,4 +1,5 @@
 #include "StatusValues.h"
+#include "ProfileChoice.h"
 
 #include "CoreStore.h"
 #include "MenuStore.h"
@@ -93,22 +94,21 @@ TEST_F(StatusValuesTest, KeepsEachNameOnOneLine)
     TestStore store(R"({"channels": [{"id": "a", "title": "A\ud840\udc0aB"}],
                         "profiles": [{"id": "p", "name": "P\ud840\udc0aQ"}, {"id": "r", "name": "R"}]})");
     EXPECT_EQ(StatusValues::subscription(), "1 \nA B\n");
-    EXPECT_EQ(StatusValues::profileList(), "P Q\nR\n");
+    EXPECT_EQ(ProfileChoice::list(), "P Q\nR\n");
     CoreStore::instance().setCurrentProfile("p");
-    EXPECT_EQ(StatusValues::currentProfile(), "P Q");
+    EXPECT_EQ(ProfileChoice::current(), "P Q");
 }
 
 TEST_F(StatusValuesTest, ShowsNothingOfAStoreThatIsBroken)
 {
     TestStore store(R"({"channels": [{"id": "a", "title": "A"}], "profiles": [{"id": "p", "name": "P"}]})");
-    StatusValues::profileList();
+    ProfileChoice::list();
     Sqlite::Connection file;
     ASSERT_EQ(file.open(store.path(), SQLITE_OPEN_READWRITE), SQLITE_OK);
     ASSERT_EQ(file.execute("DROP TABLE channel; DROP TABLE profile"), SQLITE_OK);
     EXPECT_EQ(StatusValues::subscription(), "");
-    EXPECT_EQ(StatusValues::profileList(), "");
-    EXPECT_TRUE(StatusValues::state().selectableProfiles.empty());
-    EXPECT_EQ(StatusValues::currentProfile(), "");
+    EXPECT_EQ(ProfileChoice::list(), "");
+    EXPECT_EQ(ProfileChoice::current(), "");
 }
 
 TEST_F(StatusValuesTest, NamesTheNetworks)
@@ -198,14 +198,12 @@ TEST_F(StatusValuesTest, ListsTheProfiles)
     TestStore profiles(
         R"({"profiles": [{"id": "p1", "name": "أ"}, {"id": "p2", "name": "Two", "selectable": false},
                                         {"id": "p3", "name": "Three"}]})");
-    EXPECT_EQ(StatusValues::currentProfile(), "أ");
-    EXPECT_EQ(StatusValues::profileList(), "أ\nDISABLE:Two\nThree\n");
-    EXPECT_EQ(StatusValues::state().selectableProfiles.size(), 3u);
+    EXPECT_EQ(ProfileChoice::current(), "أ");
+    EXPECT_EQ(ProfileChoice::list(), "أ\nDISABLE:Two\nThree\n");
     CoreStore::instance().setCurrentProfile("p2");
-    EXPECT_EQ(StatusValues::currentProfile(), "Two");
+    EXPECT_EQ(ProfileChoice::current(), "Two");
     TestStore none;
-    EXPECT_EQ(StatusValues::profileList(), "");
-    EXPECT_TRUE(StatusValues::state().selectableProfiles.empty());
+    EXPECT_EQ(ProfileChoice::list(), "");
 }
 
 TEST_F(StatusValuesTest, ShowsNothingForMissingLabels)
