@@ -29,14 +29,9 @@ bool isEnabled(const std::string& name)
     return getBoolSetting(GROUP_MENU, (name + ".enabled").c_str());
 }
 
-bool isProfileSelected()
-{
-    return getIntSetting(GROUP_MENU, "ProfileSelected") == 1;
-}
-
 bool isEnabledWithoutProfile(const std::string& name)
 {
-    return isEnabled(name) && !isProfileSelected();
+    return isEnabled(name) && getIntSetting(GROUP_MENU, "ProfileSelected") != 1;
 }
 
 std::string enabledMode()

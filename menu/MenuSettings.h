@@ -18,10 +18,7 @@ std::string label(const std::string& name);
 bool isVisible(const std::string& name);
 bool isEnabled(const std::string& name);
 
-// Whether the user has chosen an operator profile, which fixes much of what the menu would set.
-bool isProfileSelected();
-
-// isEnabled(), but false once the user has chosen a profile.
+// isEnabled(), but false once the user has chosen an operator profile, which fixes much of what the menu would set.
 bool isEnabledWithoutProfile(const std::string& name);
 
 // Whether the service is on, off or hidden. A value that is none of these counts as on.
