@@ -1,35 +1,17 @@
 #include "SettingHelper.h"
 
 #include "Log.h"
-#include "SettingGroups.h"
 #include "UTF_8Util.h"
 #include "VistaneSettingMgr.h"
 #include "vtString.h"
 
 #include <algorithm>
-#include <iterator>
 #include <sstream>
 #include <string_view>
 
 namespace {
 
 const Log logger("SettingHelper");
-
-// Upper-case beginnings of the group names, by number. The first is short of its name's last letter, so that
-// the singular names the group too.
-constexpr std::string_view groupPrefixes[] = {
-    "VTCORE.CONNECTIONPROFILE",
-    "VTCORE.DCD",
-    "VTCORE.ENGINEERINGMENU",
-    "VTCORE.HTTPTRANSPORT",
-    "VTCORE.INITSETTING",
-    "VTCORE.MENU",
-    "VTCORE.SERVICE",
-    "VTCORE.STORAGE",
-    "VTCORE.SYSTEM",
-    "VTCORE.UI",
-    "VTNEWSREADER.UI",
-};
 
 bool isRefused(int group)
 {
@@ -62,6 +44,20 @@ Value read(Log::At at, const char* type, int (VistaneSettingMgr::*get)(int, cons
         return {};
     }
     return value;
+}
+
+// ASCII only: what the locale takes for letters must not decide which setting is meant.
+char upperCase(char c)
+{
+    return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// Whether `text` begins with `begin`, in any case.
+bool beginsWith(std::string_view text, std::string_view begin)
+{
+    return text.size() >= begin.size() &&
+           std::equal(begin.begin(), begin.end(), text.begin(),
+                      [](char left, char right) { return upperCase(left) == upperCase(right); });
 }
 
 // The text after the first "." of `text`; all of it when it has none.
@@ -130,14 +126,15 @@ void setStringSetting(int group, const char* key, const std::string& value)
 
 int settingGroupOf(const std::string& name)
 {
-    // ASCII only: what the locale takes for letters must not decide which setting is meant.
-    std::string upper = name;
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char c) { return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    const auto found = std::find_if(std::begin(groupPrefixes), std::end(groupPrefixes),
-                                    [&](std::string_view prefix) { return upper.starts_with(prefix); });
-    return found == std::end(groupPrefixes) ? NO_SETTING_GROUP
-                                            : static_cast<int>(found - std::begin(groupPrefixes));
+    for (int group = 0;; ++group) {
+        std::string_view begin = settingGroupName(group);
+        if (begin.empty())
+            return NO_SETTING_GROUP;
+        if (group == GROUP_CONNECTION_PROFILES)
+            begin.remove_suffix(1); // the singular names the group too
+        if (beginsWith(name, begin))
+            return group;
+    }
 }
 
 void splitSettingKey(const std::string& name, int& group, std::string& key)

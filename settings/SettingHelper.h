@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SettingGroups.h"
+
 #include <string>
 
 // The only door to the settings store. A setting is addressed by a group number and a key within the group, and
@@ -8,21 +10,10 @@
 // A failed read gives 0, false or the empty string, a failed write leaves the setting as it was; both are logged
 // and never reach the caller otherwise. Strings are UTF-8. GUI thread only.
 
-// The groups by number. Numbers from 12 on are refused; others without a name here go to the store as they are.
-enum SettingGroup {
-    GROUP_CONNECTION_PROFILES = 0,
-    GROUP_DCD = 1,
-    GROUP_ENGINEERING_MENU = 2,
-    GROUP_HTTP_TRANSPORT = 3,
-    GROUP_INIT_SETTING = 4,
-    GROUP_MENU = 5,
-    GROUP_SERVICE = 6,
-    GROUP_STORAGE = 7,
-    GROUP_SYSTEM = 8,
-    GROUP_UI = 9,
-    GROUP_NEWS_READER_UI = 10,
-    SETTING_GROUP_LIMIT = 12,
-    NO_SETTING_GROUP = 13, // what a lookup by name answers when no group matches
+// Besides the numbers of SettingGroup. Those below the limit that no group has go to the store as they are.
+enum {
+    SETTING_GROUP_LIMIT = 12, // numbers from here on are refused
+    NO_SETTING_GROUP = 13,    // what a lookup by name answers when no group matches
 };
 
 int getIntSetting(int group, const char* key);

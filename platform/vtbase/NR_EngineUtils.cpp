@@ -55,8 +55,7 @@ bool isAtHome()
 
 int NR_EngineUtils::getDownloadOptionSetting(int& option)
 {
-    static const int group = settingGroupNumber("VtCore.Service");
-    return VistaneSettingMgr::getSettingMgrInstance()->getInt(group, "DownloadOption", option);
+    return VistaneSettingMgr::getSettingMgrInstance()->getInt(GROUP_SERVICE, "DownloadOption", option);
 }
 
 int NR_EngineUtils::friendlyNetworkStatus(bool& friendly)
