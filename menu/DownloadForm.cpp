@@ -1,13 +1,14 @@
 #include "DownloadForm.h"
 
+#include "NR_EngineUtils.h"
 #include "SettingHelper.h"
 
 namespace {
 
 constexpr TableForm<int>::Choice choices[] = {
-    {"Download.AlwaysLabel", 0},
-    {"Download.HomeLabel", 1},
-    {"Download.NeverLabel", 2},
+    {"Download.AlwaysLabel", DOWNLOAD_ALWAYS},
+    {"Download.HomeLabel", DOWNLOAD_AT_HOME},
+    {"Download.NeverLabel", DOWNLOAD_NEVER},
 };
 
 } // namespace

@@ -11,8 +11,6 @@
 
 namespace {
 
-enum DownloadOption { DownloadAlways = 0, DownloadAtHome = 1, DownloadNever = 2 };
-
 struct Macro
 {
     std::string_view name;
@@ -65,16 +63,16 @@ int NR_EngineUtils::friendlyNetworkStatus(bool& friendly)
 
 bool NR_EngineUtils::isDownloadOptionNever()
 {
-    int option = DownloadAlways;
-    return getDownloadOptionSetting(option) == STORE_OK && option == DownloadNever;
+    int option = DOWNLOAD_ALWAYS;
+    return getDownloadOptionSetting(option) == STORE_OK && option == DOWNLOAD_NEVER;
 }
 
 bool NR_EngineUtils::isNetworkAccessAllowed()
 {
-    int option = DownloadNever;
+    int option = DOWNLOAD_NEVER;
     if (getDownloadOptionSetting(option) != STORE_OK)
         return false;
-    return option == DownloadAlways || (option == DownloadAtHome && isAtHome());
+    return option == DOWNLOAD_ALWAYS || (option == DOWNLOAD_AT_HOME && isAtHome());
 }
 
 void NR_EngineUtils::replacePatternsInURL(std::string& url)

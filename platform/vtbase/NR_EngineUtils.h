@@ -2,12 +2,19 @@
 
 #include <string>
 
+// When the service may download content, by the stored number.
+enum DownloadOption {
+    DOWNLOAD_ALWAYS = 0,
+    DOWNLOAD_AT_HOME = 1, // in the home network only
+    DOWNLOAD_NEVER = 2,
+};
+
 // What the service's engine can tell. Operations that return an integer return 0, or non-zero with the output
 // left alone.
 class NR_EngineUtils
 {
 public:
-    // 0 always, 1 in the home network only, 2 never; other values are passed on as stored.
+    // A DownloadOption, or whatever else is stored.
     static int getDownloadOptionSetting(int& option);
     // True when the network in use counts as home although it is another one.
     static int friendlyNetworkStatus(bool& friendly);
