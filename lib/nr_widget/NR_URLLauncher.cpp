@@ -52,31 +52,57 @@ void startApplication(std::string_view appId, std::string_view argument = {})
     AM_LauncherClient::launchAppObject(appId, argument, 0, true, true);
 }
 
-// A link must not forge a log line of its own, nor cut one short.
+// A link must not forge a log line of its own, nor cut one short. A terminal takes U+0080 to U+009F for controls too.
 std::string shownInLog(std::string text)
 {
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, ' ');
+    for (size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte < ' ' || byte == 0x7f)
+            text[i] = ' ';
+        else if (byte >= 0x80 && byte <= 0x9f && i > 0 && text[i - 1] == '\xc2')
+            text[i - 1] = text[i] = ' ';
+    }
     return text;
 }
 
-// The request to compose a message, its text left in the message file. `launcher` names who asks, in the log.
-AM_ActionData messageRequest(const char* launcher, const std::string& address, const std::string& text,
-                             const char* compose)
+// How the launchers of messages differ.
+struct MessageKind
 {
-    logger(7, "%s: address = %s\n", launcher, shownInLog(address).c_str());
-    logger(7, "%s: text = %s\n", launcher, shownInLog(text).c_str());
+    const char* launcher; // in the log
+    bool decodes;         // passes on the text decoded
+    bool logsSteps;
+    const char* compose;
+};
+
+constexpr MessageKind smsto = {"launchSMSTO", true, true, "yes"};
+constexpr MessageKind smstox = {"launchSMSTOX", false, false, "no"};
+constexpr MessageKind mmsto = {"launchMMSTO", false, false, "yes"};
+
+// Asks for a message to be composed, its text left in the message file.
+void composeMessage(const std::string& link, const MessageKind& kind)
+{
+    if (kind.logsSteps)
+        logger(8, "Launch SMSTO");
+    std::string address;
+    std::string text;
+    NR_URLLauncher::parseSmsUrl(link, address, text);
+    if (kind.decodes)
+        text = NR_URLLauncher::percentDecode(text);
+    logger(7, "%s: address = %s\n", kind.launcher, shownInLog(address).c_str());
+    logger(7, "%s: text = %s\n", kind.launcher, shownInLog(text).c_str());
     AM_ActionData request;
     request.setAction("SendMMSSMS");
     request.setValue("ContactList", address);
-    request.setValue("Compose", compose);
+    request.setValue("Compose", kind.compose);
     request.setValue("AutoDelete", "yes");
     request.setValue("TextFileAsAttachment", "no");
     if (!address.empty() && !text.empty()) {
         NR_MessageFile::write(text);
         request.setValue("Files", NR_MessageFile::path);
     }
-    return request;
+    if (kind.logsSteps)
+        logger(8, "about to invoke");
+    request.invoke();
 }
 
 } // namespace
@@ -113,13 +139,13 @@ bool NR_URLLauncher::launchMessage(const std::string& link)
 {
     const std::string scheme = getURLScheme(link);
     if (equalsIgnoreCase(scheme, schemeSMSTOX))
-        return launchSMSTOX(link);
-    if (equalsIgnoreCase(scheme, schemeSMSTO))
-        return launchSMSTO(link);
-    if (equalsIgnoreCase(scheme, schemeMMSTO))
-        return launchMMSTO(link);
-    if (equalsIgnoreCase(scheme, schemeMAILTO))
-        return launchMAILTO(link);
+        launchSMSTOX(link);
+    else if (equalsIgnoreCase(scheme, schemeSMSTO))
+        launchSMSTO(link);
+    else if (equalsIgnoreCase(scheme, schemeMMSTO))
+        launchMMSTO(link);
+    else if (equalsIgnoreCase(scheme, schemeMAILTO))
+        launchMAILTO(link);
     return true;
 }
 
@@ -149,37 +175,22 @@ void NR_URLLauncher::launchMessaging()
     startApplication(appMessaging);
 }
 
-bool NR_URLLauncher::launchSMSTO(const std::string& link)
+void NR_URLLauncher::launchSMSTO(const std::string& link)
 {
-    logger(8, "Launch SMSTO");
-    std::string address;
-    std::string text;
-    parseSmsUrl(link, address, text);
-    const AM_ActionData request = messageRequest("launchSMSTO", address, percentDecode(text), "yes");
-    logger(8, "about to invoke");
-    request.invoke();
-    return true;
+    composeMessage(link, smsto);
 }
 
-bool NR_URLLauncher::launchSMSTOX(const std::string& link)
+void NR_URLLauncher::launchSMSTOX(const std::string& link)
 {
-    std::string address;
-    std::string text;
-    parseSmsUrl(link, address, text);
-    messageRequest("launchSMSTOX", address, text, "no").invoke();
-    return true;
+    composeMessage(link, smstox);
 }
 
-bool NR_URLLauncher::launchMMSTO(const std::string& link)
+void NR_URLLauncher::launchMMSTO(const std::string& link)
 {
-    std::string address;
-    std::string text;
-    parseSmsUrl(link, address, text);
-    messageRequest("launchMMSTO", address, text, "yes").invoke();
-    return true;
+    composeMessage(link, mmsto);
 }
 
-bool NR_URLLauncher::launchMAILTO(const std::string& link)
+void NR_URLLauncher::launchMAILTO(const std::string& link)
 {
     std::string to = afterScheme(link);
     std::string cc;
@@ -204,7 +215,6 @@ bool NR_URLLauncher::launchMAILTO(const std::string& link)
     request.setValue("Subject", subject);
     request.setValue("Body", body);
     request.invoke();
-    return true;
 }
 
 bool NR_URLLauncher::launchTEL(const std::string& link)

@@ -53,10 +53,10 @@ public:
 private:
     static void launchAddressBook();
     static void launchMessaging();
-    static bool launchSMSTO(const std::string& link);
-    static bool launchSMSTOX(const std::string& link);
-    static bool launchMMSTO(const std::string& link);
-    static bool launchMAILTO(const std::string& link);
+    static void launchSMSTO(const std::string& link);
+    static void launchSMSTOX(const std::string& link);
+    static void launchMMSTO(const std::string& link);
+    static void launchMAILTO(const std::string& link);
     static bool launchTEL(const std::string& link);
     static bool launchVTEL(const std::string& link);
     static void launchMIDLET(const std::string& link);

@@ -85,14 +85,14 @@ TEST(Links, OnlyMessagesAreLogged)
     FileLock lock(NR_MessageFile::path);
     qputenv("VISTANE_HANDOVER", "off");
     LogCapture log;
-    for (const char* link : {"smsto:1-2?text=a%20%25s", "smsto:3?text=x%0A(Vt_Menu:78)%00forged",
+    for (const char* link : {"smsto:1-2?text=a%20%25s", "smsto:3?text=x%0A(Vt_Menu:78)%00forged%C2%9B%C3%9B",
                              "smstox:1-2?text=a%20b", "mmsto:12", "mailto:a?cc=b", "tel:1", "vtel:1",
                              "midlet:x", "rtsp:x", "ical:1", "vcal:", "http://h", "addressbook", "home"})
         NR_URLLauncher::launch(vtTypes::ID(link));
     const std::string start = "(../../lib/nr_widget/NR_URLLauncher:*)[~~~~vistane~~~~]launch";
     const std::vector<std::string> expected = {
         start + "SMSTO: address = 12",  start + "SMSTO: text = a %s",
-        start + "SMSTO: address = 3",   start + "SMSTO: text = x (Vt_Menu:78) forged",
+        start + "SMSTO: address = 3",   start + "SMSTO: text = x (Vt_Menu:78) forged  \u00db",
         start + "SMSTOX: address = 12", start + "SMSTOX: text = a%20b",
         start + "MMSTO: address = 12",  start + "MMSTO: text = ",
     };
