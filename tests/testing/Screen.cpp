@@ -6,10 +6,16 @@
 #include <QTest>
 #include <QTimer>
 
-void Screen::press(std::initializer_list<Qt::Key> keys)
+void Screen::press(const std::vector<Qt::Key>& keys)
 {
     for (Qt::Key key : keys)
         QTest::keyClick(PhoneScreen::instance()->windowHandle(), key);
+}
+
+void Screen::pressAtOnce(Qt::Key key)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &press);
 }
 
 void Screen::repeat(Qt::Key key, int repetitions)

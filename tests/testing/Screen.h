@@ -4,7 +4,7 @@
 #include <Qt>
 
 #include <functional>
-#include <initializer_list>
+#include <vector>
 
 class QWidget;
 
@@ -12,7 +12,10 @@ class QWidget;
 namespace Screen {
 
 // Presses keys one after the other, as the window gets them from the keyboard.
-void press(std::initializer_list<Qt::Key> keys);
+void press(const std::vector<Qt::Key>& keys);
+
+// A press that returns as soon as it is dealt with: no event loop runs before.
+void pressAtOnce(Qt::Key key);
 
 // What comes from a key that is held already.
 void repeat(Qt::Key key, int repetitions);

@@ -1,0 +1,309 @@
+#include "ViewTest.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+
+#include <map>
+#include <set>
+
+#include <sys/time.h>
+
+namespace {
+
+// Notes the requests that reach the service.
+struct SentRequests : Vt_EventHandler
+{
+    SentRequests() : Vt_EventHandler(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH)
+    {
+        Vt_EventAndStatusFacade::instance()->addEventHandler(NR_Constants::EVENT_ABORT_MANUAL_REFRESH, this);
+    }
+    void handleEvent(const Vt_Event& event) override { mNames.push_back(event.name()); }
+
+    // Their names, once everything sent has come over the bus.
+    Lines names()
+    {
+        HostBus::flush();
+        QCoreApplication::sendPostedEvents();
+        return mNames;
+    }
+
+    Lines mNames;
+};
+
+// After as many turns of the loop as the timers of five events and the return of five notices can take; also where
+// that is inside a notice's event loop.
+void atRest(const std::function<void()>& action, int turns = 12)
+{
+    Screen::later([=] { turns > 0 ? atRest(action, turns - 1) : action(); });
+}
+
+// i and q: a run is started or refused; digits: the service's statuses; each with the state that it leads to from the
+// states 0 to 6. Then the keys. A dot lets the event loop run.
+const std::map<char, std::string> events = {
+    {'i', "1111111"}, {'q', "6666666"}, {'0', "4444444"}, {'1', "2222222"},
+    {'2', "-55----"}, {'3', "3333333"}, {'4', "1121111"}, {'9', "0123456"},
+};
+const std::map<char, Qt::Key> keys = {
+    {'L', Qt::Key_F1}, {'E', Qt::Key_Return}, {'R', Qt::Key_F2}, {'X', Qt::Key_Escape}, {'!', Qt::Key_End},
+};
+const std::string everything = "iq012349LERX!";
+
+// The pop-up of each state.
+const std::string refreshing = "ManRefresh.Option.Refresh ManRefresh.Instruction.";
+const std::string failure = "ManRefresh.Instruction.ServerError ManRefresh.Instruction.AskTryAgain "
+                            "(ManRefresh.Instruction.Retry | Cancel)";
+const std::map<char, std::string> looks = {
+    {'1', refreshing + "ConnectingToServer 0% (Hide | Cancel)"},
+    {'2', refreshing + "DownloadingStories 50% (Hide | Cancel)"},
+    {'3', "0 stories, 0 KB (OK | )"},
+    {'4', failure},
+    {'5', failure},
+    {'6', "Error.QueueErr (OK | )"},
+};
+
+// What each event and each key does.
+struct Model
+{
+    static bool isProgress(char state) { return state == '1' || state == '2'; }
+    static bool isError(char state) { return state == '4' || state == '5'; }
+
+    void perform(char action)
+    {
+        if (action == '.')
+            settle();
+        else if (events.contains(action))
+            report(action);
+        else if (!screen.empty())
+            press(action);
+    }
+
+    void report(char event)
+    {
+        const char next = events.at(event)[size_t(state - '0')];
+        if (next == '-')
+            return;
+        state = next;
+        hidden = hidden && (event == '1' || event == 'i' || event == 'q');
+        if (!hidden)
+            waiting += state;
+    }
+
+    void settle()
+    {
+        finished += static_cast<int>(std::ranges::count(closing, '3'));
+        closing.clear();
+        for (char next : std::exchange(waiting, {}))
+            show(next);
+    }
+
+    void show(char next)
+    {
+        std::erase_if(screen, isProgress);
+        parked = false;
+        if (isError(next) && screen.find(next) != std::string::npos)
+            return;
+        finished += next < '1' || next > '3';
+        if (next != '0' && !(isError(next) && std::ranges::any_of(screen, isError)))
+            screen += next;
+    }
+
+    void press(char key)
+    {
+        const bool left = key == 'L' || key == 'E';
+        const char popup = screen.back();
+        screen.pop_back();
+        if (popup == '3' || popup == '6') {
+            closing += popup; // its event loop is still to return
+        } else if (isError(popup) && left) {
+            report('i');
+            sent.push_back(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH);
+        } else if (isProgress(popup) && (left || key == '!')) {
+            parked = true;
+            hidden = hidden || left;
+        } else if (isProgress(popup)) {
+            hidden = false;
+            ++finished;
+            sent.push_back(NR_Constants::EVENT_ABORT_MANUAL_REFRESH);
+        }
+        if (key == '!')
+            perform(key);
+    }
+
+    // All that decides what comes next.
+    auto place() const { return std::tuple(state, hidden, parked, waiting, screen, closing); }
+
+    char state = '0';
+    bool hidden = false;
+    bool parked = false; // a progress dialog that is off the screen, but not gone
+    std::string waiting; // states that are to be shown
+    std::string screen;  // states whose pop-ups are up, bottom to top
+    std::string closing;
+    int finished = 0;
+    Lines sent;
+};
+
+class RefreshView : public RefreshTest
+{
+protected:
+    void report(char event)
+    {
+        const std::string& name = event == 'i'   ? NR_Constants::EVENT_INITIATE_MANUAL_REFRESH
+                                  : event == 'q' ? NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR
+                                                 : NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS;
+        mView->handleEvent(Vt_Event(name, event - '0'));
+    }
+
+    // Takes a fresh view along a path beside the model. Notices run event loops of their own, so every step is taken
+    // from whatever loop is the innermost one.
+    void walk(const std::string& path)
+    {
+        const auto before = PhoneScreen::instance()->findChildren<UPopup*>().size();
+        mView = std::make_unique<ManRefreshView>();
+        Model model;
+        SentRequests sent;
+        int finished = 0;
+        QObject::connect(mView.get(), &ManRefreshView::finish, [&] { ++finished; });
+        QEventLoop loop;
+        size_t walked = 0;
+        const auto compare = [&] {
+            Lines expected;
+            for (char state : model.screen)
+                expected.push_back(looks.at(state));
+            EXPECT_EQ(popups(), expected) << path.substr(0, walked);
+            EXPECT_EQ(finished, model.finished) << path.substr(0, walked);
+        };
+        const std::function<void()> step = [&] {
+            while (walked < path.size()) {
+                const char action = path[walked++];
+                model.perform(action);
+                if (action == '.')
+                    return atRest([&] { compare(), step(); });
+                if (keys.contains(action))
+                    Screen::pressAtOnce(keys.at(action));
+                else
+                    report(action);
+            }
+            Screen::pressAtOnce(Qt::Key_End);
+            atRest([&] { loop.quit(); });
+        };
+        Screen::later(step);
+        loop.exec();
+        EXPECT_EQ(sent.names(), model.sent) << path;
+        mView.reset();
+        EXPECT_EQ(PhoneScreen::instance()->findChildren<UPopup*>().size(), before) << path;
+    }
+
+    // Walks every sequence of up to `length` actions, each followed by `pause`, and each walk ended by `end`.
+    // Sequences that lead the model to the same place are followed once.
+    void explore(const std::string& actions, int length, const std::string& pause, const std::string& end)
+    {
+        std::set<decltype(Model().place())> places;
+        Lines paths = {""};
+        for (int i = 0; i < length && !HasFailure(); ++i) {
+            for (const std::string& path : std::exchange(paths, {})) {
+                for (char action : actions) {
+                    const std::string next = path + action + pause;
+                    walk(next + end);
+                    Model model;
+                    for (char done : next)
+                        model.perform(done);
+                    if (places.insert(model.place()).second)
+                        paths.push_back(next);
+                }
+            }
+        }
+    }
+
+    std::unique_ptr<ManRefreshView> mView = std::make_unique<ManRefreshView>();
+};
+
+TEST_F(RefreshView, FollowsEverySequenceAtRest)
+{
+    explore(everything, 5, ".", "");
+}
+
+// Events that come faster than the event loop turns, with and without keys in between.
+TEST_F(RefreshView, FollowsEveryBurst)
+{
+    explore("iq0123", 5, "", ".");
+    explore(everything + '.', 4, "", ".");
+}
+
+TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
+{
+    setIntSetting(GROUP_DCD, "RuntimeValues.ItemsDownloaded", 1234567);
+    setIntSetting(GROUP_DCD, "RuntimeValues.BytesDownloaded", -1536);
+    const std::pair<const char*, std::string> cases[] = {
+        {"%1 stories, %2 KB", "1234567 stories, -1 KB"},
+        {"%5 KB after %2, %2", "-1 KB after 1234567, 1234567"},
+        {"100 %, %1, %2, %3", "100 %, 1234567, -1, %3"},
+        {"C:\\news \\\\n", "C:\news \\\n"},
+    };
+    for (const auto& [text, shown] : cases) {
+        setStringSetting(GROUP_MENU, "ManRefresh.Instruction.DownloadSuccessed", text);
+        Screen::later([&] {
+            EXPECT_EQ(popups(), Lines{shown + " (OK | )"});
+            Screen::press({Qt::Key_F1});
+        });
+        mView->showDlg(ManRefreshView::State::DOWN_SUCCESS);
+    }
+}
+
+TEST_F(RefreshView, FinishesBeforeItAborts)
+{
+    SentRequests sent;
+    report('4');
+    Screen::settle();
+    Lines before = {"never finished"};
+    QObject::connect(mView.get(), &ManRefreshView::finish, [&] { before = sent.names(); });
+    Screen::press({Qt::Key_F2});
+    EXPECT_EQ(before, Lines{});
+    EXPECT_EQ(sent.names(), Lines{NR_Constants::EVENT_ABORT_MANUAL_REFRESH});
+}
+
+// The service needs a moment after a failure, whatever else happens to the process meanwhile.
+TEST_F(RefreshView, RetryPausesTwoSecondsThoughASignalComes)
+{
+    ManRefreshView::retryPause = 2;
+    report('0');
+    Screen::settle();
+    signal(SIGALRM, [](int) {});
+    const itimerval halfASecond = {{}, {0, 500000}};
+    setitimer(ITIMER_REAL, &halfASecond, nullptr);
+    QElapsedTimer pause;
+    pause.start();
+    Screen::pressAtOnce(Qt::Key_F1);
+    EXPECT_GE(pause.elapsed(), 2000);
+    EXPECT_EQ(popups(), Lines{}) << "the dialog comes from the event loop";
+}
+
+// What counts after a storm is what the service said last, and the view can end in the middle of its notices.
+TEST_F(RefreshView, StaysUsableInAStorm)
+{
+    Lines shown, left;
+    // A few at a time, as they come over the bus.
+    int rounds = 0;
+    const std::function<void()> storm = [&] {
+        for (char status : {'4', '1', '2', '4', '0', '1', '3', '3', '9'})
+            report(status);
+        if (++rounds < 500)
+            return Screen::later(storm);
+        report('1');
+        atRest([&] {
+            shown = popups();
+            Screen::pressAtOnce(Qt::Key_F2);
+            left = popups();
+            mView.reset();
+        });
+    };
+    Screen::later(storm);
+    for (int i = 0; i < 100; ++i)
+        Screen::settle();
+    ASSERT_FALSE(shown.empty());
+    EXPECT_EQ(shown.back(), looks.at('2'));
+    EXPECT_LE(shown.size(), 10u);
+    EXPECT_EQ(left.size(), shown.size() - 1) << "the keys work at once";
+    EXPECT_EQ(popups(), Lines{});
+}
+
+} // namespace
