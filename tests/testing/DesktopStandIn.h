@@ -1,7 +1,12 @@
 #pragma once
 
+#include <QDir>
 #include <QTemporaryDir>
+#include <QTest>
 
+#include <gtest/gtest.h>
+
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -12,18 +17,63 @@ public:
     struct Call
     {
         std::vector<std::string> words; // its name and its arguments, to the byte
-        std::string files;              // what its descriptors 0 and up are open on, one a line
-        std::string folder;             // the one it was started in
-        int session;
+        std::string state; // its folder, what its descriptors are open on, and its session, one a line
     };
 
-    explicit DesktopStandIn(const std::vector<std::string>& programs = {"xdg-open"});
-    ~DesktopStandIn();
+    explicit DesktopStandIn(const std::vector<std::string>& programs = {"xdg-open"})
+    {
+        for (const std::string& program : programs) {
+            QFile file(mDir.filePath(QString::fromStdString(program)));
+            if (file.open(QIODevice::WriteOnly))
+                file.write(script);
+            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        }
+        qputenv("PATH", mDir.path().toLocal8Bit() + ":/usr/bin:/bin");
+        qputenv("VISTANE_HANDOVER", "desktop");
+    }
+    ~DesktopStandIn()
+    {
+        qputenv("PATH", mPath);
+        qunsetenv("VISTANE_HANDOVER");
+    }
+    DesktopStandIn(const DesktopStandIn&) = delete;
+    DesktopStandIn& operator=(const DesktopStandIn&) = delete;
 
     // The calls since the last take(), as soon as there are `count` of them or after five seconds.
-    std::vector<Call> take(size_t count);
+    std::vector<Call> take(size_t count)
+    {
+        const QDir dir(mDir.path());
+        QStringList names;
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            names = dir.entryList({"*.call"});
+            return size_t(names.size()) >= count;
+        }));
+        std::vector<Call> calls;
+        for (const QString& name : names) {
+            std::ifstream record(dir.filePath(name).toStdString());
+            Call& call = calls.emplace_back();
+            std::getline(record, call.state, '\0');
+            for (std::string word; std::getline(record, word, '\0');)
+                call.words.push_back(word);
+            QFile::remove(dir.filePath(name));
+        }
+        return calls;
+    }
 
 private:
+    // One file a call, whose last name says that it is whole: the state and the words, each ended by a zero.
+    static constexpr char script[] = R"(#!/bin/sh
+record=${0%/*}/$$
+(
+    pwd
+    for descriptor in 0 1 2 3 4 5 6 7 8 9; do readlink /proc/$$/fd/$descriptor; done
+    cut -d ' ' -f 6 /proc/$$/stat
+    printf '\0'
+    printf '%s\0' "${0##*/}" "$@"
+) > "$record.part"
+mv "$record.part" "$record.call"
+)";
+
     QTemporaryDir mDir;
-    QByteArray mPath;
+    const QByteArray mPath = qgetenv("PATH");
 };

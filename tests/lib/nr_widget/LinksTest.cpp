@@ -1,5 +1,5 @@
+#include "DesktopStandIn.h"
 #include "FileLock.h"
-#include "LinkTable.h"
 #include "LogCapture.h"
 #include "NR_MessageFile.h"
 #include "NR_URLLauncher.h"
@@ -10,87 +10,157 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <fstream>
+#include <map>
 #include <unistd.h>
 
 namespace {
 
-const char device[] = R"({"device": {"model": "VX 1", "msisdn": "+15550100"}})";
-
-void checkParsing(const LinkRow& row)
+std::string bytesOf(const std::string& text)
 {
-    const std::string kind = row.at(0);
-    const std::string input = row.at(1);
-    if (kind == "scheme") {
-        EXPECT_EQ(NR_URLLauncher::getURLScheme(input), row.at(2));
-    } else if (kind == "equal") {
-        EXPECT_EQ(NR_URLLauncher::equalsIgnoreCase(input, row.at(2)), row.at(3) == "yes");
-        EXPECT_EQ(NR_URLLauncher::equalsIgnoreCase(row.at(2), input), row.at(3) == "yes");
-    } else if (kind == "hex") {
-        EXPECT_EQ(std::to_string(NR_URLLauncher::hexDigitValue(input.at(0))), row.at(2));
-    } else if (kind == "number") {
-        EXPECT_EQ(NR_URLLauncher::parseTelNo(input), row.at(2));
-    } else if (kind == "decode") {
-        EXPECT_EQ(NR_URLLauncher::percentDecode(input), row.at(2));
-    } else if (kind == "sms") {
-        std::string address = "old";
-        std::string text = "old";
-        NR_URLLauncher::parseSmsUrl(input, address, text);
-        EXPECT_EQ(address, row.at(2));
-        EXPECT_EQ(text, row.at(3));
-    } else if (kind == "mail") {
-        std::string to = "=", cc = "=", bcc = "=", subject = "=", body = "=";
-        NR_URLLauncher::parseHeader(input, std::min(input.find('?'), input.size()), to, cc, bcc, subject, body);
-        const std::vector<std::string> expected(row.columns.begin() + 2, row.columns.end());
-        EXPECT_EQ((std::vector{to, cc, bcc, subject, body}), expected);
-    } else {
-        EXPECT_EQ(kind, "launch") << "no such kind of case";
+    static const std::map<char, char> escapes = {{'n', '\n'}, {'t', '\t'}, {'0', '\0'}, {'\\', '\\'}};
+    if (text == "\"\"")
+        return {};
+    std::string bytes;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            bytes += text[i];
+        } else if (text[++i] == 'x') {
+            bytes += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            bytes += escapes.at(text[i]);
+        }
     }
+    return bytes;
 }
 
-TEST(Links, AreTakenApart)
+using Row = std::vector<std::string>;
+
+// Calls `check` with the columns of each case of a table; the notation is explained at the top of links.tsv. Returns
+// how many cases there are.
+template <class Check>
+int forEachRow(const char* table, Check check)
 {
-    const std::vector<LinkRow> rows = linkTable("links.tsv");
-    EXPECT_GT(rows.size(), 150u);
-    for (const LinkRow& row : rows) {
-        SCOPED_TRACE(row.where);
-        checkParsing(row);
+    std::ifstream file(std::string(VISTANE_TABLES "/") + table);
+    int count = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line.starts_with('#'))
+            continue;
+        SCOPED_TRACE(line);
+        Row row;
+        std::istringstream columns(line);
+        for (std::string column; std::getline(columns, column, '\t');)
+            row.push_back(bytesOf(column));
+        check(row);
+        ++count;
     }
+    return count;
 }
 
-TEST(Links, AskThePlatform)
+Row parsed(const std::string& kind, const Row& row)
 {
-    TestStore store(device);
-    FileLock lock(NR_MessageFile::path);
+    const std::string& input = row[1];
+    if (kind == "scheme")
+        return {NR_URLLauncher::getURLScheme(input)};
+    if (kind == "equal")
+        return {row[2], NR_URLLauncher::equalsIgnoreCase(input, row[2]) ? "yes" : "no"};
+    if (kind == "hex")
+        return {std::to_string(NR_URLLauncher::hexDigitValue(input.at(0)))};
+    if (kind == "number")
+        return {NR_URLLauncher::parseTelNo(input)};
+    if (kind == "decode")
+        return {NR_URLLauncher::percentDecode(input)};
+    std::string to = "=", cc = "=", bcc = "=", subject = "=", body = "=";
+    if (kind == "sms") {
+        NR_URLLauncher::parseSmsUrl(input, to, body);
+        return {to, body};
+    }
+    NR_URLLauncher::parseHeader(input, std::min(input.find('?'), input.size()), to, cc, bcc, subject, body);
+    return {to, cc, bcc, subject, body};
+}
+
+class Links : public testing::Test
+{
+protected:
+    static bool launch(const std::string& link) { return NR_URLLauncher::launch(vtTypes::ID(link)); }
+
+    TestStore store{R"({"device": {"model": "VX 1", "msisdn": "+15550100"}})"};
+    FileLock lock{NR_MessageFile::path};
+    DesktopStandIn desktop{{"xdg-open", "gnome-calendar", "gnome-contacts"}};
+    LogCapture log;
+};
+
+TEST_F(Links, AreTakenApartAndAskThePlatform)
+{
     qputenv("VISTANE_HANDOVER", "off");
     PlatformRequests requests;
-    LogCapture quiet;
-    for (const LinkRow& row : linkTable("links.tsv")) {
-        if (row.at(0) != "launch")
-            continue;
-        SCOPED_TRACE(row.where);
+    const int count = forEachRow("links.tsv", [&](const Row& row) {
+        if (row[0] != "launch") {
+            EXPECT_EQ(parsed(row[0], row), Row(row.begin() + 2, row.end()));
+            return;
+        }
         unlink(NR_MessageFile::path);
-        EXPECT_EQ(NR_URLLauncher::launch(vtTypes::ID(row.at(1))), row.at(2) == "yes");
-        std::vector<std::string> expected;
-        if (row.at(3) != "none")
-            expected.push_back(row.at(3));
-        EXPECT_EQ(requests.take(), expected);
-        EXPECT_EQ(access(NR_MessageFile::path, F_OK) == 0, row.columns.size() > 4);
-        EXPECT_EQ(PrivateFile::read(NR_MessageFile::path), row.at(4));
-    }
+        EXPECT_EQ(launch(row[1]), row[2] == "yes");
+        EXPECT_EQ(requests.take(), row[3] == "none" ? Row() : Row{row[3]});
+        EXPECT_EQ(access(NR_MessageFile::path, F_OK) == 0, row.size() > 4);
+        EXPECT_EQ(PrivateFile::read(NR_MessageFile::path), row.size() > 4 ? row[4] : "");
+    });
+    EXPECT_GT(count, 150);
 }
 
-TEST(Links, OnlyMessagesAreLogged)
+TEST_F(Links, StartOneProgramWithOneArgumentOrNothingWhenTheyAreHostile)
 {
-    TestStore store;
-    FileLock lock(NR_MessageFile::path);
+    unlink(NR_MessageFile::path);
+    const int count = forEachRow("hostile.tsv", [&](const Row& row) {
+        launch(row[0]);
+        std::vector<Row> expected, started;
+        if (row[1] != "nothing")
+            expected.emplace_back(row.begin() + 1, row.end());
+        for (const auto& call : desktop.take(expected.size()))
+            started.push_back(call.words);
+        EXPECT_EQ(started, expected);
+    });
+    EXPECT_GT(count, 50);
+    usleep(100000);
+    EXPECT_TRUE(desktop.take(0).empty()) << "something was started late";
+    EXPECT_NE(access("/tmp/vt-pwned", F_OK), 0);
+}
+
+TEST_F(Links, AMegabyteOfAnythingIsSurvived)
+{
+    const std::string much(1 << 20, '\xff');
+    for (const char* start : {"", "http:", "mailto:", "mailto:a?body=", "smsto:1?text=", "smsto:", "tel:",
+                              "midlet:", "rtsp:", "ical:", "vtel:"})
+        launch(start + much);
+    EXPECT_FALSE(launch("http:" + much)) << "is more than can be handed over";
+    const auto calls = desktop.take(1);
+    ASSERT_EQ(calls.size(), 1u) << "only a call can be made of so much, one without a number";
+    EXPECT_EQ(calls[0].words.back(), "tel:");
+}
+
+TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFile)
+{
+    const QTemporaryDir dir;
+    const std::string precious = dir.filePath("precious").toStdString();
+    ASSERT_TRUE(PrivateFile::write(precious.c_str(), "secret"));
+    unlink(NR_MessageFile::path);
+    ASSERT_EQ(symlink(precious.c_str(), NR_MessageFile::path), 0);
+    launch("smsto:1?text=x");
+    unlink(NR_MessageFile::path);
+    EXPECT_EQ(desktop.take(1).at(0).words.back(), "sms:1");
+    EXPECT_EQ(PrivateFile::read(precious.c_str()), "secret");
+}
+
+TEST_F(Links, LogMessagesOnly)
+{
     qputenv("VISTANE_HANDOVER", "off");
-    LogCapture log;
     for (const char* link : {"smsto:1-2?text=a%20%25s", "smsto:3?text=x%0A(Vt_Menu:78)%00forged%C2%9B%C3%9B",
                              "smstox:1-2?text=a%20b", "mmsto:12", "mailto:a?cc=b", "tel:1", "vtel:1",
                              "midlet:x", "rtsp:x", "ical:1", "vcal:", "http://h", "addressbook", "home"})
-        NR_URLLauncher::launch(vtTypes::ID(link));
+        launch(link);
     const std::string start = "(../../lib/nr_widget/NR_URLLauncher:*)[~~~~vistane~~~~]launch";
-    const std::vector<std::string> expected = {
+    const Row expected = {
         start + "SMSTO: address = 12",  start + "SMSTO: text = a %s",
         start + "SMSTO: address = 3",   start + "SMSTO: text = x (Vt_Menu:78) forged  \u00db",
         start + "SMSTOX: address = 12", start + "SMSTOX: text = a%20b",
@@ -100,18 +170,15 @@ TEST(Links, OnlyMessagesAreLogged)
 }
 
 // Read the obvious way, some of these cost the square of their length: minutes instead of milliseconds.
-TEST(Links, ALongLinkTakesNoLongerThanItsLengthAsksFor)
+TEST_F(Links, TakeNoLongerThanTheirLengthAsksFor)
 {
     const auto began = std::chrono::steady_clock::now();
     for (const char* piece : {"=", "&=", "?=", "?cc=", "&cc=", "%", "%25", "a", "&", "?", "1", "%2Z"}) {
         std::string link = "mailto:?";
         while (link.size() < 1 << 20)
             link += piece;
-        std::string a, b, c, d, e;
-        NR_URLLauncher::parseHeader(link, 7, a, b, c, d, e);
-        NR_URLLauncher::parseSmsUrl(link, a, b);
-        NR_URLLauncher::parseTelNo(link);
-        NR_URLLauncher::percentDecode(link);
+        for (const char* kind : {"mail", "sms", "number", "decode"})
+            parsed(kind, {kind, link});
     }
     EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(10));
 }

@@ -8,36 +8,24 @@
 
 namespace {
 
-struct Message
-{
-    QCString text;
-    QByteArray data;
-};
-
 TEST(QCopChannel, EveryOpenChannelOfTheNameGetsEveryMessage)
 {
-    QCopChannel first("/Vistane/MenuListener");
-    QCopChannel second("/Vistane/MenuListener");
-    QCopChannel other("/Vistane/Other");
+    QCopChannel first("/Vistane/MenuListener"), second("/Vistane/MenuListener"), other("/Vistane/Other");
     QSignalSpy atFirst(&first, &QCopChannel::received);
     QSignalSpy atSecond(&second, &QCopChannel::received);
     QSignalSpy atOther(&other, &QCopChannel::received);
-
-    const Message messages[] = {
-        {"close()", QByteArray("\0\xff", 2)},
-        {"", ""},
-        {"\xd8\xb9\xd9\x86", "x"},
-        {"not utf-8 \xff", QByteArray(100000, 'x')},
-    };
-    for (const Message& message : messages)
-        EXPECT_TRUE(QCopChannel::send("/Vistane/MenuListener", message.text, message.data));
+    const std::pair<QCString, QByteArray> messages[] = {{"close()", QByteArray("\0\xff", 2)},
+                                                        {"\xd8\xb9\xd9\x86", ""},
+                                                        {"no utf-8 \xff", QByteArray(100000, 'x')}};
+    for (const auto& [text, data] : messages)
+        EXPECT_TRUE(QCopChannel::send("/Vistane/MenuListener", text, data));
     EXPECT_EQ(atFirst.size(), 0) << "never inside send()";
 
-    ASSERT_TRUE(QTest::qWaitFor([&] { return atSecond.size() == 4; }));
-    ASSERT_EQ(atFirst.size(), 4);
-    for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(atFirst[i][1].toByteArray(), messages[i].data) << i;
-    EXPECT_EQ(atFirst[2][0].value<QCString>(), messages[2].text);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return atSecond.size() == 3; }));
+    ASSERT_EQ(atFirst.size(), 3);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(atFirst[i][1].toByteArray(), messages[i].second) << i;
+    EXPECT_EQ(atFirst[1][0].value<QCString>(), messages[1].first);
     EXPECT_EQ(atOther.size(), 0);
 }
 

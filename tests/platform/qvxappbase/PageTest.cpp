@@ -15,13 +15,12 @@ namespace {
 
 struct Page : UKbMainWidget
 {
-    UListBox* list = new UListBox(QString(), this);
     USoftKey* keys = new USoftKey("CST_2A", this, this);
     QSignalSpy pressed{keys, &USoftKey::pressed};
 
     Page()
     {
-        setContentWidget(list);
+        setContentWidget(new UListBox(QString(), this));
         setCSTWidget(keys);
     }
 };
@@ -33,11 +32,9 @@ TEST(Page, OnlyTheTopmostHasTheKeysAndTheyGoBackWhenItCloses)
     {
         Page above;
         above.show();
-        Screen::press({Qt::Key_F2});
-        EXPECT_EQ(above.pressed.size(), 1);
-        EXPECT_EQ(below.pressed.size(), 0);
-        Screen::press({Qt::Key_Tab, Qt::Key_F2});
+        Screen::press({Qt::Key_F2, Qt::Key_Tab, Qt::Key_F2});
         EXPECT_EQ(above.pressed.size(), 2) << "Tab does not lead below";
+        EXPECT_EQ(below.pressed.size(), 0);
     }
     Screen::press({Qt::Key_F2});
     EXPECT_EQ(below.pressed.size(), 1) << "deleted without being closed, a page still gives the keys back";
@@ -53,12 +50,12 @@ TEST(Page, SoftKeysHaveTheirKeysAndTapsAndDoNotRepeat)
     Screen::press({Qt::Key_F1, Qt::Key_F9, Qt::Key_F2, Qt::Key_F11, Qt::Key_Escape});
     QTest::mouseClick(page.keys->childAt(20, 10), Qt::LeftButton);
     QTest::mouseClick(page.keys->childAt(220, 10), Qt::LeftButton);
-    Screen::hold(Qt::Key_F1, 10);
+    Screen::repeat(Qt::Key_F1, 10);
 
     QList<int> keys;
     for (const QList<QVariant>& press : page.pressed)
         keys += press[0].toInt();
-    EXPECT_EQ(keys, (QList<int>{0, 0, 1, 1, 1, 0, 1, 0}));
+    EXPECT_EQ(keys, (QList<int>{0, 0, 1, 1, 1, 0, 1}));
 }
 
 TEST(Page, TheRedKeyAsksForTheIdleScreenFromEverywhere)
@@ -67,31 +64,29 @@ TEST(Page, TheRedKeyAsksForTheIdleScreenFromEverywhere)
     Page page;
     page.show();
     Screen::press({Qt::Key_End});
-    ASSERT_EQ(idle.size(), 1);
-    EXPECT_EQ(idle[0][0].toInt(), 0);
-
-    UMessageDlg popup(QStringLiteral("caption"), QStringLiteral("text"), 0, 0);
+    UMessageDlg popup(QString(), QString(), 0, 0);
     popup.show();
     Screen::press({Qt::Key_End});
-    EXPECT_EQ(idle.size(), 2);
+    EXPECT_EQ(idle, (QList<QList<QVariant>>{{0}, {0}}));
     EXPECT_FALSE(PhoneScreen::instance()->isOnTop(&popup));
 }
 
-// Pages outlive the screen when a program ends with its menus open.
+// Pages outlive the screen when a program ends with its menus open. A process has one screen, so another has its own.
 TEST(Page, TheScreenLetsGoOfWhatIsStillThere)
 {
-    auto* page = new Page;
-    auto* closed = new Page;
-    {
-        PhoneScreen other;
-        other.put(page, PhoneScreen::Layer::Page);
-        other.put(closed, PhoneScreen::Layer::Page);
-        other.take(closed);
-    }
-    EXPECT_EQ(page->parent(), nullptr);
-    EXPECT_EQ(closed->parent(), nullptr);
-    delete page;
-    delete closed;
+    EXPECT_EXIT(
+        {
+            Page shown;
+            Page closed;
+            {
+                PhoneScreen other;
+                other.put(&shown, PhoneScreen::Layer::Page);
+                other.put(&closed, PhoneScreen::Layer::Page);
+                other.take(&closed);
+            }
+            _exit(shown.parent() || closed.parent() ? 1 : 0);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST(Page, QuittingIsNeverRefused)
