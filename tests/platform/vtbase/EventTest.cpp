@@ -5,8 +5,6 @@
 #include "Vt_EventHandler.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QProcess>
 #include <QTest>
 
@@ -42,12 +40,7 @@ void settle()
 {
     Handler end("END");
     bus().sendEvent(Vt_Event("END"), 0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !end.received.empty(); }, 5000));
-}
-
-void sendRaw(const QVariantList& arguments)
-{
-    ASSERT_TRUE(HostBus::send(EventWire::path, EventWire::interface, EventWire::signal, arguments));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !end.received.empty(); }));
 }
 
 } // namespace
@@ -55,22 +48,23 @@ void sendRaw(const QVariantList& arguments)
 TEST(Event, ArrivesWholeAndOnlyFromTheEventLoop)
 {
     Handler handler("A");
-    const auto parameters =
+    const auto none = std::make_shared<const Vt_Event::Parameters>();
+    const auto some =
         std::make_shared<const Vt_Event::Parameters>(Vt_Event::Parameters{{"free", "12 K"}, {"", "\xc3\xa4"}});
-    EXPECT_EQ(bus().sendEvent(Vt_Event("A", -7, parameters, "wac\n\xc3\xb6"), 3), 0);
-    EXPECT_EQ(bus().sendEvent(Vt_Event("A", 1, std::make_shared<const Vt_Event::Parameters>()), 0), 0);
+    EXPECT_EQ(bus().sendEvent(Vt_Event("A", -7, some, "wac\n\xc3\xb6"), 3), 0);
+    EXPECT_EQ(bus().sendEvent(Vt_Event("A", 1, none), 0), 0);
+    for (const QVariantList& noEvent : {QVariantList{}, {"A"}, {"A", "7", QVariantMap(), true, "", 0}})
+        ASSERT_TRUE(HostBus::send(EventWire::path, EventWire::interface, EventWire::signal, noEvent));
     EXPECT_EQ(bus().sendEvent(Vt_Event("A", 2), 0), 0);
     EXPECT_EQ(bus().sendEvent(Vt_Event("B"), 0), 0);
     EXPECT_TRUE(handler.received.empty());
     settle();
 
     ASSERT_EQ(handler.received.size(), 3u);
-    EXPECT_EQ(handler.received[0].name(), "A");
     EXPECT_EQ(handler.received[0].value(), -7);
-    EXPECT_EQ(*handler.received[0].parameters(), *parameters);
+    EXPECT_EQ(*handler.received[0].parameters(), *some);
     EXPECT_EQ(handler.received[0].text(), "wac\n\xc3\xb6");
-    ASSERT_TRUE(handler.received[1].parameters());
-    EXPECT_TRUE(handler.received[1].parameters()->empty());
+    EXPECT_TRUE(handler.received[1].parameters() && handler.received[1].parameters()->empty());
     EXPECT_FALSE(handler.received[2].parameters());
 }
 
@@ -82,51 +76,17 @@ TEST(Event, HandlersComeAndGoDuringDelivery)
     first->then = [&] {
         second.reset();
         late = std::make_unique<Handler>("A");
-        first->then = nullptr;
+        bus().removeEventHandler(first.get());
+        bus().removeEventHandler("A", first.get());
+        settle();
     };
     bus().addEventHandler("A", first.get());
     bus().sendEvent(Vt_Event("A", 1), 0);
-    settle();
-    EXPECT_EQ(first->received.size(), 1u);
-    ASSERT_TRUE(late);
-    EXPECT_TRUE(late->received.empty());
-
-    Handler itself("B");
-    bus().addEventHandler("C", &itself);
-    itself.then = [&] { bus().removeEventHandler(&itself); };
-    bus().sendEvent(Vt_Event("B"), 0);
-    bus().sendEvent(Vt_Event("C"), 0);
-    settle();
-    EXPECT_EQ(itself.received.size(), 1u);
-    bus().removeEventHandler("B", &itself);
-    bus().removeEventHandler(&itself);
-}
-
-TEST(Event, AHandlerMayRunAnEventLoop)
-{
-    Handler outer("A");
-    outer.then = [&] {
-        if (outer.received.size() == 1)
-            settle();
-    };
-    bus().sendEvent(Vt_Event("A", 1), 0);
     bus().sendEvent(Vt_Event("A", 2), 0);
     settle();
-    EXPECT_EQ(outer.received.size(), 2u);
-}
-
-TEST(Event, SignalsThatAreNoEventsAreIgnored)
-{
-    Handler handler("A");
-    sendRaw({});
-    sendRaw({"A"});
-    sendRaw({"A", "7", QVariantMap(), true, "", 0});
-    sendRaw({"A", 7, QVariantMap(), true, "", 0});
-    bus().sendEvent(Vt_Event("NOBODY_KNOWS_IT"), 0);
-    bus().sendEvent(Vt_Event("A", 1), 0);
-    settle();
-    ASSERT_EQ(handler.received.size(), 1u);
-    EXPECT_EQ(handler.received[0].value(), 1);
+    EXPECT_EQ(first->received.size(), 1u);
+    ASSERT_EQ(late->received.size(), 1u);
+    EXPECT_EQ(late->received[0].value(), 2);
 }
 
 // Runs itself where no bus can be reached.
@@ -149,7 +109,7 @@ TEST(Event, WithoutABusTheProcessStillHearsItself)
     EXPECT_NE(bus().sendEvent(Vt_Event("A", 1), 0), 0);
     EXPECT_NE(bus().sendEvent(Vt_Event("A", 2), 0), 0);
     EXPECT_TRUE(handler.received.empty());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return handler.received.size() == 2; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return handler.received.size() == 2; }));
     EXPECT_EQ(handler.received[1].value(), 2);
     EXPECT_EQ(log.lines().size(), 1u) << log.text();
 }
