@@ -219,7 +219,8 @@ TEST(Program, RunsOnAStoreOfNoUse)
         std::function<void(Program&)> spoil;
         std::string logged;
     } cases[] = {
-        {"directory", [](Program& p) { QDir().mkpath(p.storePath()); }, "is not a file: using the built-in pack"},
+        {"directory", [](Program& p) { QDir().mkpath(p.storePath()); },
+         "is not a file: using the built-in pack"},
         {"garbage",
          [](Program& p) {
              QFile file(p.storePath());
