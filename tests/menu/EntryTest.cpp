@@ -1,9 +1,6 @@
 #include "ApiProvider.h"
-#include "ApiRegistry.h"
 #include "ChannelLink.h"
 #include "FormAdapter.h"
-#include "HowToUseAction.h"
-#include "LogCapture.h"
 #include "MenuStore.h"
 #include "SettingHelper.h"
 
@@ -85,35 +82,6 @@ TEST(Entries, AnswerFromTheirOwnKeys)
     }
 }
 
-TEST(Entries, AskNothingMoreOnceTheirFlagIsFalse)
-{
-    TestStore store;
-    for (const auto& e : entries) {
-        const Entry* entry = entryOf(e.name);
-        setBoolSetting(GROUP_MENU, (e.name + ".visible").c_str(), false);
-        setBoolSetting(GROUP_MENU, (e.name + ".enabled").c_str(), false);
-        LogCapture log;
-        EXPECT_TRUE(entry->isHidden() && !entry->isEnabled()) << e.name;
-        EXPECT_EQ(log.text(), "") << e.name;
-    }
-}
-
-TEST(Entries, AreRegisteredUnderExactNames)
-{
-    MenuStore store;
-    Entry* old = entryOf("Profile");
-    EntryRegistry& registry = *EntryRegistry::instance();
-    EXPECT_EQ(registry.find("profile"), nullptr);
-    EXPECT_EQ(registry.kindOf(nullptr), ENTRY_UNREGISTERED);
-    EXPECT_EQ(registry.kindOf(nodeOf("Details")->mChildren.front()), ENTRY_UNREGISTERED);
-
-    static HowToUseAction other;
-    registry.add("Profile", &other, ENTRY_ACTION);
-    EXPECT_EQ(registry.find("Profile"), &other);
-    EXPECT_EQ(registry.kindOf(old), ENTRY_FORM);
-    registry.add("Profile", old, ENTRY_FORM);
-}
-
 TEST(ChannelLink, ReadsItsLinkOnce)
 {
     MenuStore store;
@@ -140,80 +108,6 @@ TEST(SetupHeadlinesNode, WarnsWhileTheServiceIsOff)
 
     setBoolSetting(GROUP_MENU, "SetupHeadlines.enabled", false);
     EXPECT_FALSE(node->isEnabled() || node->needsWarning()) << "greyed, but opens without asking";
-}
-
-int calls;
-int lastIndex;
-
-TEST(ActionEntry, CallsTheActionOfItsMode)
-{
-    ApiRegistry::instance()->add("TEST_ACTION", [] { ++calls; });
-    ApiRegistry::instance()->add("TEST_ACTION", [](int i) { lastIndex = i; });
-    calls = lastIndex = 0;
-    ActionEntry entry("TEST_ACTION", "label");
-    entry.invoke(5);
-    EXPECT_EQ(lastIndex, 0) << "takes no argument";
-    entry.invoke();
-    entry.mArgMode = 1;
-    entry.invoke();
-    EXPECT_EQ(calls, 1) << "takes an argument";
-    entry.invoke(5);
-    EXPECT_EQ(lastIndex, 5);
-
-    LogCapture log;
-    ActionEntry unknown("NO_SUCH_API", "");
-    unknown.invoke();
-    EXPECT_EQ(log.text(), "");
-}
-
-// Asks an entry everything that a menu asks it, and those below it.
-void ask(Entry* entry)
-{
-    SCOPED_TRACE(entry->label());
-    entry->isHidden();
-    entry->isEnabled();
-    EXPECT_NE(entry->label(), "");
-    EXPECT_EQ(entry->valueText() != "", entry->hasValue());
-    const int kind = EntryRegistry::instance()->kindOf(entry);
-    if (kind == ENTRY_FORM) {
-        const FormEntry* form = formOf(entry);
-        EXPECT_TRUE(form->title() != "" && form->instructText() != "");
-        EXPECT_EQ(form->warningLabel() != "" && form->warningText() != "", form->needsWarning(1));
-        for (int i = 0; i < form->optionCount(); ++i)
-            EXPECT_NE(form->optionLabel(i), "");
-    } else if (kind == ENTRY_NODE) {
-        MenuNode* node = static_cast<NodeAdapter*>(entry)->node();
-        EXPECT_NE(node->title(), "");
-        node->clearChildren();
-        node->loadChildren();
-        EXPECT_GT(node->mChildren.size(), 1u);
-        for (Entry* child : node->mChildren)
-            ask(child);
-    }
-}
-
-TEST(BuiltInPack, HoldsEverythingThatIsRead)
-{
-    MenuStore store;
-    ApiProvider::instance();
-    LogCapture log;
-    ask(entryOf("SetupHeadlines"));
-    EXPECT_TRUE(AddNewChannelLink().url().starts_with("https://"));
-    EXPECT_TRUE(ManageMyChannelsLink().url().starts_with("https://"));
-    // What is read only after something has happened.
-    for (const char* key :
-         {"TurnoffWarning.label", "TurnoffWarning.text", "Details.SuccessLabel", "Details.FailedLabel",
-          "Details.CancelledLabel", "Details.WrongVersionLabel", "Details.DownloadingLabel",
-          "Details.NeverLabel", "Details.InactiveLabel", "Roaming.RoamingLabel", "Error.QueueErr",
-          "ManRefresh.Option.Refresh", "ManRefresh.Instruction.ConnectingToServer",
-          "ManRefresh.Instruction.DownloadingStories", "ManRefresh.Instruction.DownloadSuccessed",
-          "ManRefresh.Instruction.ServerError", "ManRefresh.Instruction.AskTryAgain",
-          "ManRefresh.Instruction.Retry"})
-        EXPECT_NE(getStringSetting(GROUP_MENU, key), "") << key;
-    EXPECT_TRUE(getBoolSetting(GROUP_UI, "ManualRefresh"));
-    getIntSetting(GROUP_DCD, "RuntimeValues.ItemsDownloaded");
-    getIntSetting(GROUP_DCD, "RuntimeValues.BytesDownloaded");
-    EXPECT_EQ(log.text(), "");
 }
 
 } // namespace
