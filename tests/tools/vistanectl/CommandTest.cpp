@@ -2,9 +2,7 @@
 #include "Vistanectl.h"
 
 #include <QFile>
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 #include <gtest/gtest.h>
 
@@ -50,10 +48,9 @@ void writeFile(const QString& name, const char* content)
 
 } // namespace
 
-TEST(Command, SettingsAreReadSetAndReset)
+TEST(Command, SettingsAreReadSetAndResetAndKeepTheirType)
 {
     runAll(Vistanectl(pack), {
-                                 {{"get", title}, 0, "Details\n", ""},
                                  {{"get", visible}, 0, "true\n", ""},
                                  {{"set", title, "a\tb\\n"}, 0, "", ""},
                                  {{"get", title}, 0, "a\tb\\n\n", ""},
@@ -64,38 +61,25 @@ TEST(Command, SettingsAreReadSetAndReset)
                                   "VtCore.Menu.Details.visible\tbool\tpack\ttrue\n"
                                   "VtNewsReader.UI.ScrollingRate\tint\tuser\t-5\n",
                                   ""},
-                                 {{"list", "VtNews"}, 0, "VtNewsReader.UI.ScrollingRate\tint\tuser\t-5\n", ""},
                                  {{"list", "Nothing"}, 0, "", ""},
                                  {{"reset", title}, 0, "", ""},
                                  {{"reset", title}, 1, "", title.toStdString()},
                                  {{"get", title}, 0, "Details\n", ""},
-                                 // Texts that a command line parser could take for something else.
-                                 {{"set", title, ""}, 0, "", ""},
-                                 {{"get", title}, 0, "\n", ""},
-                                 {{"set", title, "{}"}, 0, "", ""},
-                                 {{"get", title}, 0, "{}\n", ""},
-                                 {{"set", title, "[a,b]"}, 0, "", ""},
-                                 {{"get", title}, 0, "[a,b]\n", ""},
-                                 {{"set", title, "close"}, 0, "", ""},
-                                 {{"get", title}, 0, "close\n", ""},
-                                 {{"set", title, "--", "--json"}, 0, "", ""},
-                                 {{"get", title}, 0, "--json\n", ""},
-                             });
-}
-
-TEST(Command, ASettingKeepsItsType)
-{
-    runAll(Vistanectl(pack), {
                                  {{"set", visible, "1"}, 1, "", visible.toStdString()},
                                  {{"set", rate, "2147483648"}, 1, "", rate.toStdString()},
                                  {{"set", rate, " 1"}, 1, "", rate.toStdString()},
                                  {{"set", rate, "1", "--type", "string"}, 1, "", "int"},
                                  {{"set", rate, "1", "--type", "float"}, 2, "", "float"},
-                                 {{"get", rate}, 0, "1\n", ""},
+                                 {{"set", title, "a\nb"}, 1, "", title.toStdString()},
                                  {{"set", "VtCore.Menu.New", "1"}, 1, "", "VtCore.Menu.New"},
-                                 {{"set", "VtCore.Menu.New", "1", "--type", "string"}, 0, "", ""},
-                                 {{"list", "VtCore.Menu.N"}, 0, "VtCore.Menu.New\tstring\tuser\t1\n", ""},
+                                 {{"set", "11.z.z", "1", "--type", "string"}, 0, "", ""},
+                                 {{"set", "5.z.z", "5", "--type", "int"}, 1, "", "5.z.z"},
+                                 {{"list", "11."}, 0, "11.z.z\tstring\tuser\t1\n", ""},
                              });
+    // Texts that a command line parser could take for something else.
+    for (const char* text : {"", "{}", "[a,b]", "close", "--json"})
+        runAll(Vistanectl(pack),
+               {{{"set", title, "--", text}, 0, "", ""}, {{"get", title}, 0, text + std::string("\n"), ""}});
 }
 
 TEST(Command, WhatIsMissingOrMisspeltIsNamed)
@@ -108,14 +92,11 @@ TEST(Command, WhatIsMissingOrMisspeltIsNamed)
                                  {{"get", "--loud", title}, 2, "", "--loud"},
                                  {{"get", "VtCore.Menu.Nothing"}, 1, "", "VtCore.Menu.Nothing"},
                                  {{"get", "VtCore.Menue.title"}, 1, "", "VtCore.Menue.title"},
-                                 {{"get", "VtCore.Menu"}, 1, "", "VtCore.Menu"},
-                                 {{"pack", "chek"}, 2, "", "chek"},
                                  {{"channel", "remove", "c9"}, 1, "", "c9"},
                                  {{"channel", "add", "c9", "two\nlines"}, 2, "", "TITLE"},
                                  {{"profile", "use", "p9"}, 1, "", "p9"},
                                  {{"profile", "use", "p2"}, 1, "", "p2"},
                                  {{"device", "set", "colour", "red"}, 1, "", "colour"},
-                                 {{"device", "set", "roaming", "far"}, 1, "", "roaming"},
                                  {{"send", "EVENT_UNKNOWN"}, 1, "", "EVENT_UNKNOWN"},
                                  {{"send", "EVENT_NAVIGATE", "six"}, 2, "", "six"},
                                  {{"send", "EVENT_NAVIGATE", "--param", "x"}, 2, "", "x"},
@@ -126,22 +107,19 @@ TEST(Command, FactsChannelsAndProfilesAreKept)
 {
     const Vistanectl ctl(pack);
     runAll(ctl, {
-                    {{"device", "set", "imsi", "00101"}, 0, "", ""},
                     {{"device", "set", "roaming", "-1"}, 0, "", ""},
-                    {{"device", "set", "model", "V 1"}, 0, "", ""},
                     {{"device", "set", "model", ""}, 0, "", ""},
-                    {{"channel", "add", "c2", "Sport"}, 0, "", ""},
+                    {{"channel", "add", "-1", "Sport"}, 0, "", ""},
                     {{"channel", "add", "c1", "World"}, 0, "", ""},
-                    {{"channel", "list"}, 0, "c1\tWorld\nc2\tSport\n", ""},
+                    {{"channel", "list"}, 0, "c1\tWorld\n-1\tSport\n", ""},
                     {{"channel", "remove", "c1"}, 0, "", ""},
-                    {{"channel", "list"}, 0, "c2\tSport\n", ""},
+                    {{"channel", "list"}, 0, "-1\tSport\n", ""},
                     {{"profile", "use", "p1"}, 0, "", ""},
                     {{"profile", "add", "p3", "Three", "--locked"}, 0, "", ""},
                     {{"profile", "remove", "p2"}, 0, "", ""},
                     {{"profile", "list"}, 0, "p1\tOne\tselectable\tcurrent\np3\tThree\tlocked\t\n", ""},
                 });
     const std::string facts = ctl.run({"device", "list"}).out;
-    EXPECT_NE(facts.find("imsi\t00101\n"), std::string::npos) << facts;
     EXPECT_NE(facts.find("roaming\t-1\n"), std::string::npos) << facts;
     EXPECT_NE(facts.find("model\t\n"), std::string::npos) << facts;
 }
@@ -154,31 +132,26 @@ TEST(Command, PacksAreInstalledWholeOrNotAtAll)
     const QString copy = ctl.file("copy.json");
     writeFile(good, R"({"settings": {"VtCore.Menu": {"Details.title": "New"}}})");
     writeFile(bad, R"({"settings": {"VtCore.Menu": {"Details.title": "Bad", "x.y": 1.5}}})");
-    runAll(ctl,
-           {
-               {{"pack", "check", good}, 0, "", ""},
-               {{"pack", "check", bad}, 1, "", "VtCore.Menu.x.y"},
-               {{"pack", "install", bad}, 1, "", "VtCore.Menu.x.y"},
-               {{"pack", "install", ctl.file("none.json")}, 1, "", "none.json"},
-               {{"get", title}, 0, "Details\n", ""},
-               {{"set", rate, "3"}, 0, "", ""},
-               {{"device", "set", "imsi", "42"}, 0, "", ""},
-               {{"pack", "export", copy}, 0, "", ""},
-               {{"pack", "install", good}, 0, "", ""},
-               {{"list"},
-                0,
-                "VtCore.Menu.Details.title\tstring\tpack\tNew\nVtNewsReader.UI.ScrollingRate\tint\tuser\t3\n",
-                ""},
-               {{"pack", "install", copy}, 0, "", ""},
-               {{"reset", rate}, 0, "", ""},
-               {{"get", rate}, 0, "1\n", ""},
-               {{"pack", "export", "/nonexistent/pack.json"}, 1, "", "/nonexistent/pack.json"},
-           });
-    QFile file(copy);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const std::string exported = file.readAll().toStdString();
-    EXPECT_EQ(ctl.run({"pack", "export"}).out, exported);
-    EXPECT_EQ(exported.find("imsi"), std::string::npos);
+    runAll(ctl, {
+                    {{"pack", "check", good}, 0, "", ""},
+                    {{"pack", "check", bad}, 1, "", "VtCore.Menu.x.y"},
+                    {{"pack", "install", bad}, 1, "", "VtCore.Menu.x.y"},
+                    {{"pack", "install", ctl.file("none.json")}, 1, "", "none.json"},
+                    {{"device", "set", "imsi", "42"}, 0, "", ""},
+                    {{"pack", "export", copy}, 0, "", ""},
+                    {{"pack", "install", good}, 0, "", ""},
+                    {{"list"}, 0, "VtCore.Menu.Details.title\tstring\tpack\tNew\n", ""},
+                    {{"pack", "install", copy}, 0, "", ""},
+                    {{"get", title}, 0, "Details\n", ""},
+                    {{"pack", "export", "/nonexistent/pack.json"}, 1, "", "/nonexistent/pack.json"},
+                });
+    EXPECT_EQ(ctl.run({"pack", "export"}).out.find("imsi"), std::string::npos);
+    QProcess full;
+    full.setProcessEnvironment(ctl.environment);
+    full.setStandardOutputFile("/dev/full");
+    full.start(Vistanectl::program, {"pack", "export"});
+    ASSERT_TRUE(full.waitForFinished());
+    EXPECT_EQ(full.exitCode(), 1);
 }
 
 TEST(Command, MachinesGetJson)
@@ -186,25 +159,18 @@ TEST(Command, MachinesGetJson)
     const Vistanectl ctl(pack);
     ctl.run({"set", title, "a\tb\\n\"c\""});
     ctl.run({"profile", "use", "p1"});
-    const struct
-    {
-        QStringList arguments;
-        const char* json;
-    } cases[] = {
+    const std::pair<QStringList, const char*> cases[] = {
         {{"--json", "get", rate}, R"({"key": "VtNewsReader.UI.ScrollingRate", "type": "int", "value": 1})"},
         {{"list", "VtCore.Menu.Details.t", "--json"},
          R"([{"key": "VtCore.Menu.Details.title", "type": "string", "layer": "user", "value": "a\tb\\n\"c\""}])"},
         {{"list", "Nothing", "--json"}, "[]"},
-        {{"channel", "--json", "list"}, R"([{"id": "c1", "title": "News"}])"},
         {{"profile", "list", "--json"},
          R"([{"id": "p1", "name": "One", "selectable": true, "current": true},
              {"id": "p2", "name": "Two", "selectable": false, "current": false}])"},
     };
     for (const auto& [arguments, json] : cases) {
-        const Vistanectl::Result result = ctl.run(arguments);
-        EXPECT_EQ(result.exit, 0);
-        EXPECT_EQ(QJsonDocument::fromJson(QByteArray::fromStdString(result.out)), QJsonDocument::fromJson(json))
-            << result.out;
+        const std::string out = ctl.run(arguments).out;
+        EXPECT_EQ(QJsonDocument::fromJson(out.c_str()), QJsonDocument::fromJson(json)) << out;
     }
 }
 
@@ -223,26 +189,6 @@ TEST(Command, WithoutAStoreNothingIsPretended)
                 });
 }
 
-TEST(Command, OddArgumentsAndResultsThatGoNowhere)
-{
-    const Vistanectl ctl(pack);
-    runAll(ctl, {
-                    {{"channel", "add", "-1", "Title"}, 0, "", ""},
-                    {{"channel", "list"}, 0, "c1\tNews\n-1\tTitle\n", ""},
-                    {{"set", title, "a\nb"}, 1, "", title.toStdString()},
-                    {{"set", "11.z.z", "5", "--type", "int"}, 0, "", ""},
-                    {{"set", "5.z.z", "5", "--type", "int"}, 1, "", "5.z.z"},
-                    {{"list", "11."}, 0, "11.z.z\tint\tuser\t5\n", ""},
-                    {{"reset", "11.z.z"}, 0, "", ""},
-                });
-    QProcess full;
-    full.setProcessEnvironment(ctl.environment);
-    full.setStandardOutputFile("/dev/full");
-    full.start(Vistanectl::program, {"pack", "export"});
-    ASSERT_TRUE(full.waitForFinished());
-    EXPECT_EQ(full.exitCode(), 1);
-}
-
 TEST(Command, OpensLinksAndSaysWhatWasStarted)
 {
     const DesktopStandIn desktop;
@@ -252,6 +198,5 @@ TEST(Command, OpensLinksAndSaysWhatWasStarted)
     runAll(ctl, {
                     {{"open", "tel:+1(202)5550123"}, 0, "xdg-open tel:+12025550123\ttrue\n", ""},
                     {{"open", "javascript:alert(1)"}, 1, "nothing\tfalse\n", "nothing was started"},
-                    {{"open", "home"}, 1, "nothing\tfalse\n", "nothing was started"},
                 });
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QByteArray>
-#include <QProcessEnvironment>
-#include <QStringList>
-#include <QTemporaryDir>
+#include "TestStore.h"
 
-#include <string>
+#include <QProcess>
 
-// Runs the built program on a store of its own.
+#include <gtest/gtest.h>
+
+// Runs the built program on a store of its own, which starts from `pack` and holds nothing else.
 class Vistanectl
 {
 public:
@@ -17,16 +16,27 @@ public:
         std::string out, err;
     };
 
-    // The store starts from this pack and holds nothing else.
-    explicit Vistanectl(const QByteArray& pack = "{}");
+    explicit Vistanectl(const QByteArray& pack = "{}") : mStore(pack) {}
 
-    Result run(const QStringList& arguments) const;
+    Result run(const QStringList& arguments) const
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
 
     QString file(const char* name) const { return mDir.filePath(name); }
 
-    static const QString program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    static inline const QString program = QStringLiteral(VISTANECTL);
 
 private:
     QTemporaryDir mDir;
+    TestStore mStore;
+
+public:
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment(); // names the store
 };
