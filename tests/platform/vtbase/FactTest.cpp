@@ -15,7 +15,6 @@ TEST(Fact, WhatTheDeviceCannotTellLeavesTheOutputAlone)
     int number = 4;
     bool flag = true;
     EXPECT_NE(identity.getIMSI(text), 0);
-    EXPECT_NE(identity.getMSISDN(text), 0);
     EXPECT_NE(Vt_EventAndStatusFacade::instance()->getRoamingStatus(number), 0);
     EXPECT_NE(NR_EngineUtils::friendlyNetworkStatus(flag), 0);
     EXPECT_TRUE(text == U"-" && number == 4 && flag);
@@ -24,6 +23,7 @@ TEST(Fact, WhatTheDeviceCannotTellLeavesTheOutputAlone)
     core.setFact("friendly", "0");
     EXPECT_EQ(identity.getIMSI(text), 0);
     EXPECT_EQ(text, U"T\u00e9l");
+    EXPECT_NE(identity.getMSISDN(text), 0);
     EXPECT_EQ(NR_EngineUtils::friendlyNetworkStatus(flag), 0);
     EXPECT_FALSE(flag);
 
