@@ -1,35 +1,54 @@
 #pragma once
 
-#include <QString>
-#include <Qt>
+#include "PhoneScreen.h"
+
+#include <QCoreApplication>
+#include <QTest>
+#include <QTimer>
 
 #include <functional>
 #include <vector>
-
-class QWidget;
 
 // The phone in a tester's hand.
 namespace Screen {
 
 // Presses keys one after the other, as the window gets them from the keyboard.
-void press(const std::vector<Qt::Key>& keys);
+inline void press(const std::vector<Qt::Key>& keys)
+{
+    for (Qt::Key key : keys)
+        QTest::keyClick(PhoneScreen::instance()->windowHandle(), key);
+}
 
 // A press that returns as soon as it is dealt with: no event loop runs before.
-void pressAtOnce(Qt::Key key);
+inline void pressAtOnce(Qt::Key key)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &press);
+}
 
 // What comes from a key that is held already.
-void repeat(Qt::Key key, int repetitions);
-
-// A key that is held: the press, then its repetitions, then the release.
-void hold(Qt::Key key, int repetitions);
+inline void repeat(Qt::Key key, int repetitions)
+{
+    for (int i = 0; i < repetitions; ++i) {
+        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &repeated);
+    }
+}
 
 // Runs `action` as soon as a nested event loop (or the next wait()) gets to it.
-void later(std::function<void()> action);
+inline void later(std::function<void()> action)
+{
+    QTimer::singleShot(0, PhoneScreen::instance(), std::move(action));
+}
 
 // Lets the event loop run until nothing is left to do.
-void settle();
-
-// Saves what the screen shows under this name where VISTANE_PICTURES points, if it is set.
-void picture(const QString& name);
+inline void settle()
+{
+    for (int i = 0; i < 20; ++i) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+}
 
 } // namespace Screen
