@@ -280,6 +280,13 @@ TEST_F(RefreshView, RetryPausesTwoSecondsThoughASignalComes)
 // What counts after a storm is what the service said last, and the view can end in the middle of its notices.
 TEST_F(RefreshView, StaysUsableInAStorm)
 {
+    int finished = 0;
+    QObject::connect(mView.get(), &ManRefreshView::finish, [&] { ++finished; });
+    for (int i = 0; i < 1000; ++i)
+        report('9');
+    Screen::settle();
+    EXPECT_LE(finished, 20) << "what waits does not pile up";
+
     Lines shown, left;
     // A few at a time, as they come over the bus.
     int rounds = 0;
