@@ -1,0 +1,170 @@
+#include "XPhone.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+#include <X11/extensions/XTest.h>
+#include <X11/extensions/Xdamage.h>
+#include <csignal>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+[[noreturn]] void giveUp(const char* what)
+{
+    std::fprintf(stderr, "%s\n", what);
+    std::exit(2);
+}
+
+} // namespace
+
+XPhone::XPhone() : mDisplay(XOpenDisplay(nullptr))
+{
+    if (!mDisplay)
+        giveUp("no display: set DISPLAY, or start it by xvfb-run");
+    int errorEvent;
+    int version[4];
+    if (!XTestQueryExtension(mDisplay, &version[0], &version[1], &version[2], &version[3]) ||
+        !XDamageQueryExtension(mDisplay, &mDamageEvent, &errorEvent))
+        giveUp("the display lacks the extension XTEST or DAMAGE");
+    // The window may be gone by the time it is spoken to.
+    XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
+    mRoot = DefaultRootWindow(mDisplay);
+    // New windows, and the answers of programs, which go to the root window as StructureNotify events.
+    XSelectInput(mDisplay, mRoot, SubstructureNotifyMask | StructureNotifyMask);
+    XDamageCreate(mDisplay, mRoot, XDamageReportRawRectangles);
+    XSync(mDisplay, False);
+}
+
+XPhone::~XPhone()
+{
+    if (mPid > 0) {
+        kill(mPid, SIGKILL);
+        waitpid(mPid, nullptr, 0);
+    }
+    XCloseDisplay(mDisplay);
+}
+
+bool XPhone::start(const std::vector<std::string>& command)
+{
+    XSync(mDisplay, True);
+    std::vector<char*> arguments;
+    for (const std::string& argument : command)
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    arguments.push_back(nullptr);
+    if (posix_spawnp(&mPid, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0)
+        mPid = 0;
+    return mPid != 0;
+}
+
+std::optional<XPhone::Clock::time_point> XPhone::firstPaint(Milliseconds atMost)
+{
+    const auto deadline = Clock::now() + atMost;
+    const auto shown = nextEvent(MapNotify, deadline);
+    if (!shown || !nextEvent(mDamageEvent + XDamageNotify, deadline))
+        return {};
+    const auto painted = Clock::now();
+    placeWindow(shown->xmap.window);
+    return painted;
+}
+
+void XPhone::placeWindow(Window window)
+{
+    mWindow = window;
+    XWindowAttributes attributes;
+    Window child;
+    if (!XGetWindowAttributes(mDisplay, mWindow, &attributes))
+        return;
+    mWidth = attributes.width;
+    mHeight = attributes.height;
+    XTranslateCoordinates(mDisplay, mWindow, mRoot, 0, 0, &mX, &mY, &child);
+    XSetInputFocus(mDisplay, mWindow, RevertToNone, CurrentTime);
+    XSync(mDisplay, False);
+}
+
+void XPhone::key(KeySym key, bool down)
+{
+    XTestFakeKeyEvent(mDisplay, XKeysymToKeycode(mDisplay, key), down, CurrentTime);
+    XFlush(mDisplay);
+}
+
+void XPhone::press(KeySym key)
+{
+    this->key(key, true);
+    this->key(key, false);
+}
+
+void XPhone::button(bool down)
+{
+    XTestFakeButtonEvent(mDisplay, Button1, down, CurrentTime);
+    XFlush(mDisplay);
+}
+
+void XPhone::moveTo(int x, int y)
+{
+    XTestFakeMotionEvent(mDisplay, -1, mX + x, mY + y, CurrentTime);
+    XFlush(mDisplay);
+}
+
+std::optional<XPhone::Clock::time_point> XPhone::nextPaint(Milliseconds atMost)
+{
+    if (!nextEvent(mDamageEvent + XDamageNotify, Clock::now() + atMost))
+        return {};
+    return Clock::now();
+}
+
+void XPhone::forgetPaints()
+{
+    XSync(mDisplay, True);
+}
+
+std::optional<XPhone::Clock::duration> XPhone::answerTime(Milliseconds atMost)
+{
+    const auto asked = Clock::now();
+    XEvent question = {};
+    question.xclient.type = ClientMessage;
+    question.xclient.window = mWindow;
+    question.xclient.message_type = XInternAtom(mDisplay, "WM_PROTOCOLS", False);
+    question.xclient.format = 32;
+    question.xclient.data.l[0] = static_cast<long>(XInternAtom(mDisplay, "_NET_WM_PING", False));
+    question.xclient.data.l[1] = CurrentTime;
+    question.xclient.data.l[2] = static_cast<long>(mWindow);
+    XSendEvent(mDisplay, mWindow, False, NoEventMask, &question);
+    if (!nextEvent(ClientMessage, asked + atMost))
+        return {};
+    return Clock::now() - asked;
+}
+
+std::optional<int> XPhone::ended(Milliseconds atMost)
+{
+    const auto deadline = Clock::now() + atMost;
+    int status;
+    while (waitpid(mPid, &status, WNOHANG) == 0) {
+        if (Clock::now() > deadline)
+            return {};
+        std::this_thread::sleep_for(Milliseconds(1));
+    }
+    mPid = 0;
+    return status;
+}
+
+std::optional<XEvent> XPhone::nextEvent(int type, Clock::time_point deadline)
+{
+    XFlush(mDisplay);
+    for (;;) {
+        while (XPending(mDisplay) > 0) {
+            XEvent event;
+            XNextEvent(mDisplay, &event);
+            if (event.type == type)
+                return event;
+        }
+        const auto left = std::chrono::ceil<Milliseconds>(deadline - Clock::now()).count();
+        pollfd connection = {ConnectionNumber(mDisplay), POLLIN, 0};
+        if (left <= 0 || poll(&connection, 1, static_cast<int>(left)) <= 0)
+            return {};
+    }
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <X11/Xlib.h>
+#include <sys/types.h>
+
+// A program on an X display as its user has it in hand: keys and pointer presses go through the X server, and what
+// the program does is seen on the screen. The display is the program's alone and has no window manager.
+class XPhone
+{
+public:
+    using Clock = std::chrono::steady_clock;
+    using Milliseconds = std::chrono::milliseconds;
+
+    // Opens the display that $DISPLAY names; without one, or without XTEST and DAMAGE, the process ends with status 2.
+    XPhone();
+    // Kills a program that is still running.
+    ~XPhone();
+    XPhone(const XPhone&) = delete;
+    XPhone& operator=(const XPhone&) = delete;
+
+    // Starts a program, found along $PATH, with this process's environment; false when there is none. One at a time:
+    // the one before has to have ended, as ended() says.
+    bool start(const std::vector<std::string>& command);
+    // Waits until the program has painted its first window and gives it the keys. When it was painted; nothing when it
+    // was not in that time.
+    std::optional<Clock::time_point> firstPaint(Milliseconds atMost);
+
+    // These return at once: the X server has the press, the program may not have seen it yet.
+    void key(KeySym key, bool down);
+    void press(KeySym key);
+    void button(bool down);
+    // To a place in the window, in pixels.
+    void moveTo(int x, int y);
+
+    // When something was painted after forgetPaints(); nothing when nothing was in that time.
+    std::optional<Clock::time_point> nextPaint(Milliseconds atMost);
+    void forgetPaints();
+
+    // How long the program takes to answer from its event loop; nothing when it did not in that time.
+    std::optional<Clock::duration> answerTime(Milliseconds atMost);
+
+    // The status that waitpid() tells, once the program has ended; nothing while it still runs after this time.
+    std::optional<int> ended(Milliseconds atMost);
+
+    // The program that start() started, 0 when it has ended; its window's size in pixels.
+    pid_t pid() const { return mPid; }
+    int width() const { return mWidth; }
+    int height() const { return mHeight; }
+
+private:
+    // The next event of this kind, those before it dropped; nothing when none came by the deadline.
+    std::optional<XEvent> nextEvent(int type, Clock::time_point deadline);
+    void placeWindow(Window window);
+
+    Display* mDisplay;
+    Window mRoot;
+    int mDamageEvent = 0;
+    Window mWindow = None;
+    int mX = 0; // of the window, on the display
+    int mY = 0;
+    int mWidth = 0;
+    int mHeight = 0;
+    pid_t mPid = 0;
+};
