@@ -173,14 +173,13 @@ void MenuViewer::openForm(FormEntry* form)
         viewer.applyChoice();
 }
 
-// Runs a pop-up so that closing this viewer ends it. 0 also when the viewer was closed meanwhile, whatever the
-// pop-up's own answer was.
+// Runs a pop-up so that closing this viewer ends it, with the answer 0.
 int MenuViewer::run(UPopup& popup)
 {
     mPopup = &popup;
     const int result = popup.exec();
     mPopup = nullptr;
-    return mClosing ? 0 : result;
+    return result;
 }
 
 void MenuViewer::hideAndDelete()
