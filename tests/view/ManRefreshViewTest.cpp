@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include <malloc.h>
 #include <sys/time.h>
 
 namespace {
@@ -259,6 +260,25 @@ TEST_F(RefreshView, FinishesBeforeItAborts)
     Screen::press({Qt::Key_F2});
     EXPECT_EQ(before, Lines{});
     EXPECT_EQ(sent.names(), Lines{NR_Constants::EVENT_ABORT_MANUAL_REFRESH});
+}
+
+// A phone stays on for months.
+TEST_F(RefreshView, KeepsNothingOfARun)
+{
+    const auto heapAfterRuns = [this](int runs) {
+        for (int i = 0; i < runs; ++i) {
+            for (char status : {'0', 'i', '2', '3'}) {
+                report(status);
+                // A retry, a run that is hidden, and the notice of its success, in whose event loop this happens.
+                atRest([] { Screen::pressAtOnce(Qt::Key_F1); });
+                Screen::settle();
+            }
+        }
+        return mallinfo2().uordblks;
+    };
+    const size_t before = heapAfterRuns(10);
+    EXPECT_LE(heapAfterRuns(1000), before + 256 * 1024);
+    EXPECT_EQ(popups(), Lines{});
 }
 
 // The service needs a moment after a failure, whatever else happens to the process meanwhile.

@@ -6,6 +6,7 @@
 #include "UMessageDlg.h"
 #include "USoftKey.h"
 
+#include <QCloseEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -97,6 +98,21 @@ TEST(Page, QuittingIsNeverRefused)
     popup.show();
     Screen::later([] { QCoreApplication::quit(); });
     EXPECT_EQ(QCoreApplication::exec(), 0);
+}
+
+// What ends the program is the menu's answer to that, not the window's going.
+TEST(Page, ClosingTheWindowAsksForTheIdleScreenAndEndsNothing)
+{
+    QSignalSpy idle(UApplication::instance(), &UApplication::askReturnToIdle);
+    Page page;
+    page.show();
+    Screen::later([] {
+        QCloseEvent close;
+        QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &close);
+        QTimer::singleShot(50, [] { QCoreApplication::exit(7); });
+    });
+    EXPECT_EQ(QCoreApplication::exec(), 7);
+    EXPECT_EQ(idle, QList<QList<QVariant>>{{0}});
 }
 
 } // namespace
