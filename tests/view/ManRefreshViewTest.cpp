@@ -230,6 +230,12 @@ TEST_F(RefreshView, FollowsEveryBurst)
     explore(everything + '.', 4, "", ".");
 }
 
+// The dialog was hidden while the one that is to take its place was on its way.
+TEST_F(RefreshView, ForgetsWithTheRunThatItWasHidden)
+{
+    walk("4.1L.Ri.");
+}
+
 TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
 {
     setIntSetting(GROUP_DCD, "RuntimeValues.ItemsDownloaded", 1234567);
