@@ -31,7 +31,7 @@ bool isEnabled(const std::string& name)
 
 bool isEnabledWithoutProfile(const std::string& name)
 {
-    return isEnabled(name) && getIntSetting(GROUP_MENU, "ProfileSelected") != 1;
+    return isEnabled(name) && getIntSetting(GROUP_MENU, profileSelectedKey) != 1;
 }
 
 std::string enabledMode()

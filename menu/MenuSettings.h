@@ -21,6 +21,9 @@ bool isEnabled(const std::string& name);
 // isEnabled(), but false once the user has chosen an operator profile, which fixes much of what the menu would set.
 bool isEnabledWithoutProfile(const std::string& name);
 
+// 1 once the user has chosen an operator profile.
+inline constexpr char profileSelectedKey[] = "ProfileSelected"; // of the menu group
+
 // Whether the service is on, off or hidden. A value that is none of these counts as on.
 inline constexpr char enabledModeKey[] = "EnabledMode"; // of the system group
 inline constexpr char modeOn[] = "ENABLED_NORMAL_MODE";

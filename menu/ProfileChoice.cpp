@@ -1,6 +1,7 @@
 #include "ProfileChoice.h"
 
 #include "ListText.h"
+#include "MenuSettings.h"
 #include "NR_OpProfile.h"
 #include "SettingHelper.h"
 #include "vtString.h"
@@ -55,7 +56,7 @@ void choose(int i)
 {
     if (i < 0 || static_cast<size_t>(i) >= listed.size())
         return;
-    setIntSetting(GROUP_MENU, "ProfileSelected", 1);
+    setIntSetting(GROUP_MENU, MenuSettings::profileSelectedKey, 1);
     operatorProfile().installProfile(listed[i]);
 }
 

@@ -1,4 +1,4 @@
 #pragma once
 
-// The channel on which the setup menu is told to close, by the message "close".
+// The channel on which the setup menu is told to close, by any message.
 inline constexpr char menuChannel[] = "/Vistane/MenuListener";

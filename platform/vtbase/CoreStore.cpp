@@ -97,16 +97,16 @@ int forEachRow(Sqlite::Statement& statement, ReadRow readRow)
     return readStatus(result);
 }
 
-// The first column of the only row.
-template <typename... Values>
-int readText(std::string& text, Sqlite::Statement& statement, const Values&... values)
+// Calls `readRow` with the only row of a run.
+template <typename ReadRow, typename... Values>
+int onlyRow(Sqlite::Statement& statement, ReadRow readRow, const Values&... values)
 {
     Run run(statement, values...);
     const int result = run.step();
     if (result == SQLITE_DONE)
         return STORE_NOT_FOUND;
     if (result == SQLITE_ROW)
-        text = run.text(0);
+        readRow(run);
     return readStatus(result);
 }
 
@@ -150,19 +150,6 @@ OperatorPack::Channel readChannel(const Run& row)
 OperatorPack::Profile readProfile(const Run& row)
 {
     return {std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0};
-}
-
-// Reads the only row by `readRow`.
-template <typename Item>
-int readItem(Sqlite::Statement& statement, std::string_view id, Item (*readRow)(const Run&), Item& item)
-{
-    Run run(statement, id);
-    const int result = run.step();
-    if (result == SQLITE_DONE)
-        return STORE_NOT_FOUND;
-    if (result == SQLITE_ROW)
-        item = readRow(run);
-    return readStatus(result);
 }
 
 // Changes the profiles by `change`, which returns a status, and leaves one in force when one can be chosen.
@@ -220,13 +207,9 @@ bool CoreStore::isOnDisk() const
 
 int CoreStore::read(int group, std::string_view key, SettingValue& value)
 {
-    Run run(mDatabase->queries[StoreQueries::ReadSetting], group, key);
-    const int result = run.step();
-    if (result == SQLITE_DONE)
-        return STORE_NOT_FOUND;
-    if (result == SQLITE_ROW)
-        readValue(run, 0, value);
-    return readStatus(result);
+    return onlyRow(
+        mDatabase->queries[StoreQueries::ReadSetting], [&](const Run& row) { readValue(row, 0, value); }, group,
+        key);
 }
 
 int CoreStore::write(int group, std::string_view key, const SettingValue& value)
@@ -285,7 +268,8 @@ int CoreStore::exportPack(OperatorPack& pack)
 
 int CoreStore::fact(std::string_view name, std::string& value)
 {
-    return readText(value, mDatabase->queries[StoreQueries::ReadFact], name);
+    return onlyRow(
+        mDatabase->queries[StoreQueries::ReadFact], [&](const Run& row) { value = row.text(0); }, name);
 }
 
 int CoreStore::setFact(std::string_view name, std::string_view value)
@@ -308,14 +292,13 @@ int CoreStore::channels(std::vector<OperatorPack::Channel>& channels)
 
 int CoreStore::channel(std::string_view id, OperatorPack::Channel& channel)
 {
-    return readItem(mDatabase->queries[StoreQueries::ReadChannel], id, readChannel, channel);
+    return onlyRow(
+        mDatabase->queries[StoreQueries::ReadChannel], [&](const Run& row) { channel = readChannel(row); }, id);
 }
 
 int CoreStore::addChannel(const OperatorPack::Channel& channel)
 {
-    Sqlite::Statement& statement = mDatabase->queries[StoreQueries::WriteChannel];
-    return channel.title ? runWrite(statement, channel.id, *channel.title)
-                         : runWrite(statement, channel.id, nullptr);
+    return runWrite(mDatabase->queries[StoreQueries::WriteChannel], channel.id, channel.title);
 }
 
 int CoreStore::removeChannel(std::string_view id)
@@ -333,7 +316,8 @@ int CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
 
 int CoreStore::profile(std::string_view id, OperatorPack::Profile& profile)
 {
-    return readItem(mDatabase->queries[StoreQueries::ReadProfile], id, readProfile, profile);
+    return onlyRow(
+        mDatabase->queries[StoreQueries::ReadProfile], [&](const Run& row) { profile = readProfile(row); }, id);
 }
 
 int CoreStore::addProfile(const OperatorPack::Profile& profile)
@@ -353,7 +337,8 @@ int CoreStore::removeProfile(std::string_view id)
 
 int CoreStore::currentProfile(std::string& id)
 {
-    const int status = readText(id, mDatabase->queries[StoreQueries::ReadCurrent]);
+    const int status =
+        onlyRow(mDatabase->queries[StoreQueries::ReadCurrent], [&](const Run& row) { id = row.text(0); });
     if (status != STORE_NOT_FOUND)
         return status;
     id.clear();

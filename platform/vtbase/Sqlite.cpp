@@ -87,9 +87,12 @@ void Statement::Run::bind(int index, std::string_view value)
     sqlite3_bind_text64(mStatement, index, bytes, value.size(), SQLITE_STATIC, SQLITE_UTF8);
 }
 
-void Statement::Run::bind(int index, std::nullptr_t)
+void Statement::Run::bind(int index, const std::optional<std::string>& value)
 {
-    sqlite3_bind_null(mStatement, index);
+    if (value)
+        bind(index, *value);
+    else
+        sqlite3_bind_null(mStatement, index);
 }
 
 } // namespace Sqlite

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -47,7 +48,7 @@ public:
 
     int prepare(Connection& connection, const char* sql);
 
-    // One run of the statement: binds every argument in order (int, bool, text, or nullptr for NULL) and
+    // One run of the statement: binds every argument in order (int, bool, text, or a text that may be NULL) and
     // resets the statement at the end of its life, so that no read transaction and no lock outlives it. Texts
     // are not copied: they must outlive the run.
     class Run
@@ -73,7 +74,8 @@ public:
     private:
         void bind(int index, int value);
         void bind(int index, std::string_view value);
-        void bind(int index, std::nullptr_t);
+        void bind(int index, const std::string& value) { bind(index, std::string_view(value)); }
+        void bind(int index, const std::optional<std::string>& value);
 
         sqlite3_stmt* mStatement;
     };

@@ -74,9 +74,7 @@ int writeChannels(Sqlite::Connection& connection, const std::vector<OperatorPack
         return result;
     return forEach(connection, "INSERT INTO channel(id, title) VALUES(?1, ?2)", channels,
                    [](Sqlite::Statement& statement, const OperatorPack::Channel& channel) {
-                       return channel.title
-                                  ? Sqlite::Statement::Run(statement, channel.id, *channel.title).step()
-                                  : Sqlite::Statement::Run(statement, channel.id, nullptr).step();
+                       return Sqlite::Statement::Run(statement, channel.id, channel.title).step();
                    });
 }
 
