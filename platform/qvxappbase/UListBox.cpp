@@ -28,7 +28,11 @@ UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int 
 
     new FingerScroll(this, QFontMetrics(Look::font(Look::Text::Row)).height());
 
-    connect(this, &QListWidget::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
+    // A drag may have put the row out of sight since it was pressed.
+    connect(this, &QListWidget::clicked, this, [this](const QModelIndex& index) {
+        if (isWhollyVisible(visualRect(index)))
+            choose(index.row());
+    });
     connect(this, &QListWidget::currentRowChanged, this, &UListBox::startMarquee);
 }
 
@@ -66,6 +70,8 @@ void UListBox::clear()
 
 void UListBox::removeItem(int row)
 {
+    if (!item(row))
+        return;
     delete takeItem(row);
     if (mChecked == row)
         mChecked = -1;

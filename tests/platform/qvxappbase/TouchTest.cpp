@@ -46,6 +46,22 @@ TEST_F(TouchTest, TheEmptyPlaceOfARowThatIsNotShownIsNotTheRow)
     EXPECT_EQ(list->currentRow(), 0);
 }
 
+TEST_F(TouchTest, ARowThatADragPutOutOfSightIsNotTheRowEither)
+{
+    const QPoint edge(20, viewport()->height() - 2);
+    list->verticalScrollBar()->setValue(1);
+    const int last = list->indexAt(edge).row() - 1;
+    QTest::mousePress(viewport(), Qt::LeftButton, {}, at(last));
+    const int row = list->visualItemRect(list->item(0)).height();
+    QMouseEvent move(QEvent::MouseMove, QPointF(at(last) + QPoint(0, row)), QPointF(), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QCoreApplication::sendEvent(viewport(), &move);
+    QTest::mouseRelease(viewport(), Qt::LeftButton, {}, edge);
+    ASSERT_EQ(list->indexAt(edge).row(), last);
+    QTest::mouseClick(viewport(), Qt::LeftButton, {}, edge);
+    EXPECT_EQ(selected.size(), 0);
+}
+
 TEST_F(TouchTest, ATapThatBeganBeforeAPopupCameIsNone)
 {
     QTest::mousePress(viewport(), Qt::LeftButton, {}, at(1));
