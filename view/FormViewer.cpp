@@ -31,6 +31,13 @@ void FormViewer::show()
     UPopup::show();
 }
 
+bool FormViewer::close(bool alsoDelete)
+{
+    if (mWarning)
+        mWarning->close(false);
+    return USingleSelectDlg::close(alsoDelete);
+}
+
 void FormViewer::applyChoice()
 {
     const int choice = getListBox()->radioItemChecked();
@@ -38,7 +45,10 @@ void FormViewer::applyChoice()
         const QString label = QString::fromUtf8(mForm->warningLabel());
         const QString text = QString::fromUtf8(mForm->warningText());
         UMessageDlg warning(label, text, 0, 0, nullptr, nullptr);
-        if (warning.exec() != 1)
+        mWarning = &warning;
+        const bool accepted = warning.exec() == 1;
+        mWarning = nullptr;
+        if (!accepted)
             return;
     }
     if (mForm->setValue(choice))

@@ -21,6 +21,9 @@ public:
     // Fills the list from the form and shows it, the choice in force checked.
     void show() override;
 
+    // Closes the warning, too, which then counts as refused.
+    bool close(bool alsoDelete = false) override;
+
     // Gives the checked choice to the form, after a warning if that choice needs one. Refusing the warning
     // changes nothing.
     void applyChoice();
@@ -31,6 +34,7 @@ signals:
 
 private:
     FormEntry* mForm;
+    UPopup* mWarning = nullptr; // while it is up
 };
 
 } // namespace vtmenu

@@ -201,11 +201,11 @@ void ManRefreshView::showRetryDlg(State state)
         mConnErr = true;
 }
 
-// False when too many notices are up already and this one was left out, or when this view is gone.
+// Leaves the notice out when too many are up already. False when this view is gone.
 bool ManRefreshView::runNotice(UNoticeDlg& notice)
 {
     if (mNotices.size() == maxNotices)
-        return false;
+        return true;
     const QPointer self(this);
     mNotices.push_back(&notice);
     notice.exec();

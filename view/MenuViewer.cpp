@@ -76,12 +76,14 @@ bool MenuViewer::confirmWarning()
     const QString label = QString::fromUtf8(mNode->warningLabel());
     const QString text = QString::fromUtf8(mNode->warningText());
     UMessageDlg warning(label, text, 1, 0, nullptr, nullptr, true, 0);
-    if (run(warning) == 1) {
+    mPopup = &warning;
+    const bool accepted = warning.exec() == 1;
+    mPopup = nullptr;
+    if (accepted)
         mNode->acceptWarning();
-        return true;
-    }
-    hideAndDelete();
-    return false;
+    else
+        hideAndDelete();
+    return accepted;
 }
 
 void MenuViewer::rebuildMenuView()
@@ -169,24 +171,15 @@ void MenuViewer::openForm(FormEntry* form)
     const QString instruction = QString::fromUtf8(form->instructText());
     FormViewer viewer(form, this, title, instruction);
     connect(&viewer, SIGNAL(valueChanged()), this, SLOT(rebuildMenuView()));
-    if (run(viewer) == 1)
+    mPopup = &viewer;
+    if (viewer.exec() == 1)
         viewer.applyChoice();
-}
-
-// Runs a pop-up so that closing this viewer ends it, with the answer 0.
-int MenuViewer::run(UPopup& popup)
-{
-    mPopup = &popup;
-    const int result = popup.exec();
     mPopup = nullptr;
-    return result;
 }
 
+// Twice is harmless: the first of two timers takes the other one with it.
 void MenuViewer::hideAndDelete()
 {
-    if (mClosing)
-        return;
-    mClosing = true;
     if (mPopup)
         mPopup->close(false);
     close(false);

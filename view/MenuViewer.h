@@ -51,7 +51,6 @@ private:
     void openEntry(Entry* entry);
     void openNode(MenuNode* node);
     void openForm(FormEntry* form);
-    int run(UPopup& popup);
 
     MenuNode* mNode;
     bool mIsRoot;
@@ -59,9 +58,8 @@ private:
     USoftKey* mSoftKey;
     int mCurrentIndex = 0;
     std::vector<Entry*> mShown;  // the node's children as the list was built from them
-    UPopup* mPopup = nullptr;    // the pop-up that this viewer runs now
+    UPopup* mPopup = nullptr;    // the pop-up that this viewer runs now; goes with it, its answer then 0
     int mNesting = 0;            // calls of this viewer that run a nested event loop
-    bool mClosing = false;       // hideAndDelete() was called
     bool mDeleteUnwound = false; // deleteMe() came while nested
 };
 

@@ -9,8 +9,8 @@ class USoftKey;
 // A pop-up: a panel drawn over the page from the bottom edge, with a caption and two soft keys, the page dimmed
 // behind it. Either shown with show() and answered through its signals, or run with exec().
 //
-// The maker owns it. A program's close() and the phone's return to idle take it off the screen and emit none
-// of the signals that stand for a person's key; only dismissed() tells of them.
+// The maker owns it. A program's close() takes it off the screen and emits nothing; the phone's return to idle emits
+// dismissed(), none of the signals that stand for a person's key.
 class UPopup : public QWidget
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     int exec();
 
     // Takes the pop-up off the screen; with `alsoDelete` deletes it, too. Returns true.
-    bool close(bool alsoDelete = false);
+    virtual bool close(bool alsoDelete = false);
 
     void setSoftkeyTextLeft(const QString& text);
     void setSoftkeyTextRight(const QString& text);

@@ -303,6 +303,25 @@ TEST_F(RefreshView, RetryPausesTwoSecondsThoughASignalComes)
     EXPECT_EQ(popups(), Lines{}) << "the dialog comes from the event loop";
 }
 
+// Each notice runs the event loop in which the next one comes.
+TEST_F(RefreshView, ARunEndsThoughItsNoticeIsOneTooMany)
+{
+    const std::string statuses = "qqqqqqqqqqqq33";
+    int finished = 0;
+    QObject::connect(mView.get(), &ManRefreshView::finish, [&] { ++finished; });
+    size_t reported = 0;
+    const std::function<void()> step = [&] {
+        if (reported == statuses.size())
+            return Screen::pressAtOnce(Qt::Key_End);
+        report(statuses[reported++]);
+        atRest(step);
+    };
+    Screen::later(step);
+    while (reported < statuses.size() || !popups().empty())
+        Screen::settle();
+    EXPECT_EQ(finished, 14);
+}
+
 // What counts after a storm is what the service said last, and the view can end in the middle of its notices.
 TEST_F(RefreshView, StaysUsableInAStorm)
 {

@@ -9,13 +9,24 @@ using Keys = std::vector<Qt::Key>;
 
 namespace {
 
+constexpr Qt::Key message = Qt::Key_Close; // stands for one on the menu channel
+
+void pressOrClose(MenuViewer& viewer, const Keys& keys)
+{
+    for (Qt::Key key : keys) {
+        if (key == message)
+            QMetaObject::invokeMethod(&viewer, "hideAndDelete");
+        else
+            Screen::pressAtOnce(key);
+    }
+}
+
 // What is asked, in which order, before a disabled node opens, and what happens at the same moment as an answer.
 TEST(MenuViewer, AsksInOrder)
 {
     const std::string warned = "node.isEnabled needsWarning warningLabel warningText ";
     const std::string opened = "acceptWarning title clearChildren loadChildren "
                                "isHidden label hasValue valueText isEnabled isEnabled ";
-    constexpr Qt::Key message = Qt::Key_Close; // stands for one on the menu channel
     const std::pair<Keys, bool> cases[] = {
         {{Qt::Key_F1}, true},
         {{Qt::Key_F2}, false},
@@ -31,14 +42,7 @@ TEST(MenuViewer, AsksInOrder)
     node.enabled = false;
     for (const auto& [keys, accepted] : cases) {
         MenuViewer viewer(&node, true, nullptr, nullptr);
-        const Await<UMessageDlg> warning([&] {
-            for (Qt::Key key : keys) {
-                if (key == message)
-                    QMetaObject::invokeMethod(&viewer, "hideAndDelete");
-                else
-                    Screen::pressAtOnce(key);
-            }
-        });
+        const Await<UMessageDlg> warning([&] { pressOrClose(viewer, keys); });
         EXPECT_EQ(viewer.showView(), accepted ? 0 : -1);
         EXPECT_EQ(takeTrace(), accepted ? warned + opened : warned);
         EXPECT_EQ(PhoneScreen::instance()->isOnTop(&viewer), accepted);
@@ -116,6 +120,7 @@ TEST(FormViewer, AppliesWhatIsConfirmed)
         {"warning accepted", confirm, {Qt::Key_F1}, warned + applied},
         {"warning refused", confirm, {Qt::Key_F2}, warned},
         {"accepted as the phone goes idle", confirm, {Qt::Key_F1, Qt::Key_End}, warned},
+        {"accepted as the menu is closed", confirm, {Qt::Key_F1, message}, warned},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -130,7 +135,7 @@ TEST(FormViewer, AppliesWhatIsConfirmed)
         Screen::press({Qt::Key_Down});
         takeTrace();
         const Await<FormViewer> choices([&] { Screen::press(c.keys); });
-        const Await<UMessageDlg> warning([&] { Screen::press(c.warningKeys); });
+        const Await<UMessageDlg> warning([&] { pressOrClose(menu, c.warningKeys); });
         Screen::press({Qt::Key_Return});
         EXPECT_EQ(takeTrace(), c.asked);
         EXPECT_EQ(menu.findChild<UListBox*>()->currentRow(), 1) << "the line it was opened from";
