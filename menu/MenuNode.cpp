@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 #include <sstream>
 
 namespace {
@@ -50,12 +51,16 @@ void MenuNode::clearChildren()
 
 void MenuNode::loadChildren()
 {
+    std::map<Entry*, Entry*> seen; // a list that repeats itself must not load what is below it each time
     loading.push_back(this);
     for (const std::string& name : childNames(MenuSettings::text(mName + ".ChildIDs"))) {
         Entry* entry = EntryRegistry::instance()->find(name);
         if (!entry || entry->isHidden())
             continue;
-        entry = collapsed(entry);
+        const auto [known, isNew] = seen.try_emplace(entry, nullptr);
+        if (isNew)
+            known->second = collapsed(entry);
+        entry = known->second;
         if (entry && !entry->isHidden())
             mChildren.push_back(entry);
     }

@@ -1,5 +1,6 @@
 #include "MenuNode.h"
 
+#include "LogCapture.h"
 #include "MenuStore.h"
 #include "SettingHelper.h"
 
@@ -50,6 +51,18 @@ TEST(MenuNode, LoadsItsChildrenFromTheStore)
         EXPECT_EQ(listed(nodeOf("SetupHeadlines")), expected) << setup << " / " << configure;
         listed(nodeOf("ConfigureHeadlines")); // comes to an end from there, too
     }
+}
+
+// Or two lists of some hundred names would take as many squared.
+TEST(MenuNode, LoadsASubMenuOnceHoweverOftenAListNamesIt)
+{
+    MenuStore store(MenuStore::KEYS);
+    const LogCapture log;
+    setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", "ConfigureHeadlines,Download,ConfigureHeadlines");
+    setStringSetting(GROUP_MENU, "ConfigureHeadlines.ChildIDs", "Scrolling,Download,Profile");
+    setIntSetting(GROUP_MENU, "Profile.visible", 1); // of the wrong type, which is logged when it is read
+    EXPECT_EQ(listed(nodeOf("SetupHeadlines")), "ConfigureHeadlines,Download,ConfigureHeadlines");
+    EXPECT_EQ(log.lines().size(), 1u) << log.text();
 }
 
 TEST(DetailsNode, HasEightRowsWhateverTheChildListSays)
