@@ -1,9 +1,14 @@
+#include "OperatorPack.h"
+#include "SettingGroups.h"
 #include "Vistanectl.h"
 
 #include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
 
 namespace {
 
@@ -66,4 +71,37 @@ TEST(Lint, NamesEveryFaultAndNothingElse)
             EXPECT_EQ(result.exit, out.empty() ? 0 : 1);
         }
     }
+}
+
+// Of a whole pack, without a table of what is looked at.
+TEST(Lint, NamesEverySettingThatIsMissingOrOfAnotherType)
+{
+    const std::string optional[] = {"SetupHeadlines.label",          "ProfileSelected",
+                                    "RuntimeValues.LastUpdateTime",  "RuntimeValues.LastUpdateResult",
+                                    "RuntimeValues.ItemsDownloaded", "RuntimeValues.BytesDownloaded"};
+    OperatorPack wrong, without;
+    std::set<std::string> ofWrongType, missing;
+    for (OperatorPack::Setting setting : OperatorPack::builtIn().settings) {
+        const std::string name = std::string(settingGroupName(setting.group)) + '.' + setting.key;
+        const bool isStructure = setting.key.ends_with("visible") || setting.key.ends_with("ChildIDs") ||
+                                 setting.key == "ManualRefresh";
+        if (isStructure)
+            without.settings.push_back(setting);
+        else if (std::find(std::begin(optional), std::end(optional), setting.key) == std::end(optional))
+            missing.insert(name);
+        ofWrongType.insert(name);
+        setting.value = setting.value.index() == 0 ? SettingValue(true) : SettingValue(7);
+        wrong.settings.push_back(setting);
+    }
+    const auto named = [](const OperatorPack& pack, const QString& fault) {
+        std::set<std::string> names;
+        for (const QString& line :
+             QString::fromStdString(Vistanectl(pack.toJson()).run({"lint"}).out).split('\n')) {
+            if (line.contains('\t' + fault))
+                names.insert(line.section('\t', 0, 0).toStdString());
+        }
+        return names;
+    };
+    EXPECT_EQ(named(wrong, "is of type "), ofWrongType);
+    EXPECT_EQ(named(without, "is missing"), missing);
 }
