@@ -9,9 +9,13 @@ endfunction()
 
 # One test program, each of its cases a ctest of its own, named NAME.Suite.Case, on a session bus of its own and
 # without a real display.
-#   vistane_test(NAME SOURCES file... LIBRARIES library... [SCREEN])   SCREEN: the phone screen is there, too
+#   vistane_test(NAME SOURCES file... LIBRARIES library... [SCREEN] [TIMEOUT seconds])
+# SCREEN: the phone screen is there, too.
 function(vistane_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "SCREEN" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SCREEN" "TIMEOUT" "SOURCES;LIBRARIES")
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
     add_executable(${name} ${arg_SOURCES})
     # The first main() that the linker finds is the one that counts.
     if(arg_SCREEN)
@@ -20,5 +24,5 @@ function(vistane_test name)
     target_link_libraries(${name} PRIVATE vistane_testing ${arg_LIBRARIES})
     set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/on-private-bus)
     gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
-                         PROPERTIES TIMEOUT 120)
+                         PROPERTIES TIMEOUT ${arg_TIMEOUT})
 endfunction()

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <unistd.h>
+
+// What a campaign's cases are made of; the same on every machine.
+class Dice
+{
+public:
+    explicit Dice(std::seed_seq&& seed) : mEngine(seed) {}
+
+    // 0 to `limit` - 1.
+    int below(size_t limit) { return static_cast<int>(mEngine() % limit); }
+    bool oneIn(int chances) { return below(static_cast<size_t>(chances)) == 0; }
+    template <class List>
+    const auto& oneOf(const List& list)
+    {
+        return *(std::begin(list) + below(std::size(list)));
+    }
+
+private:
+    std::mt19937 mEngine;
+};
+
+inline int campaignSetting(const char* name, int otherwise)
+{
+    const char* value = std::getenv(name);
+    return value ? std::atoi(value) : otherwise;
+}
+
+// Calls `test` with the dice of each case: `few` cases, or `all` of them where VISTANE_CAMPAIGN is 1. A failure names
+// VISTANE_SEED and VISTANE_CASE, with which the case runs alone; so does the last line when a case crashes, or
+// hangs for more than `limit` seconds.
+template <class Test>
+void runCampaign(int few, int all, unsigned limit, Test test)
+{
+    const int seed = campaignSetting("VISTANE_SEED", 1);
+    const int only = campaignSetting("VISTANE_CASE", 0);
+    const int last = only ? only : campaignSetting("VISTANE_CAMPAIGN", 0) ? all : few;
+    for (int number = std::max(1, only); number <= last; ++number) {
+        const std::string name =
+            "VISTANE_SEED=" + std::to_string(seed) + " VISTANE_CASE=" + std::to_string(number);
+        SCOPED_TRACE(name);
+        std::fprintf(stderr, "%s\n", name.c_str());
+        alarm(limit);
+        Dice dice({seed, number});
+        test(dice);
+    }
+    alarm(0);
+}
