@@ -34,15 +34,16 @@ inline int campaignSetting(const char* name, int otherwise)
     return value ? std::atoi(value) : otherwise;
 }
 
-// Calls `test` with the dice of each case: `few` cases, or `all` of them where VISTANE_CAMPAIGN is 1. A failure names
-// VISTANE_SEED and VISTANE_CASE, with which the case runs alone; so does the last line when a case crashes, or
-// hangs for more than `limit` seconds.
+// Calls `test` with the dice of each case: `few` cases, `all` of them where VISTANE_CAMPAIGN is 1, or as many as
+// VISTANE_CASES says. A failure names VISTANE_SEED and VISTANE_CASE, with which the case runs alone; so does the last
+// line when a case crashes, or hangs for more than `limit` seconds.
 template <class Test>
 void runCampaign(int few, int all, unsigned limit, Test test)
 {
     const int seed = campaignSetting("VISTANE_SEED", 1);
     const int only = campaignSetting("VISTANE_CASE", 0);
-    const int last = only ? only : campaignSetting("VISTANE_CAMPAIGN", 0) ? all : few;
+    const int count = campaignSetting("VISTANE_CASES", campaignSetting("VISTANE_CAMPAIGN", 0) ? all : few);
+    const int last = only ? only : count;
     for (int number = std::max(1, only); number <= last; ++number) {
         const std::string name =
             "VISTANE_SEED=" + std::to_string(seed) + " VISTANE_CASE=" + std::to_string(number);
