@@ -280,7 +280,7 @@ int startMenu(const std::string& path)
 TEST(Crash, ADamagedStoreStillGivesAMenu)
 {
     int setAside = 0;
-    runCampaign(100, 2000, 60, [&](Dice& dice) {
+    runCampaign(60, 2000, 60, [&](Dice& dice) {
         const QTemporaryDir dir;
         const std::string path = dir.filePath("core.db").toStdString();
         Files files = damagedStoreAt(path, dice);

@@ -220,7 +220,7 @@ TEST(Packs, AnyPackGivesMenusThatStayOnTheScreen)
 {
     qputenv("VISTANE_HANDOVER", "off");
     ManRefreshView::retryPause = 0;
-    runCampaign(40, 2000, 300, [](Dice& dice) {
+    runCampaign(20, 2000, 300, [](Dice& dice) {
         const LogCapture log;
         const TestStore store;
         install(anyPack(dice));
