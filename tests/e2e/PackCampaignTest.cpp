@@ -9,6 +9,12 @@
 
 #include <climits>
 
+// What fontconfig keeps of the fonts that stand in for missing letters is no leak of ours.
+extern "C" const char* __lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
+{
+    return "leak:libfontconfig";
+}
+
 namespace {
 
 std::string repeated(const std::string& text, size_t bytes)
