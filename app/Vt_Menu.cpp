@@ -33,9 +33,9 @@ void openMenuChannel(vtmenu::MenuViewer* rootViewer)
 
 } // namespace
 
-// The order of the steps is fixed: the action table before the registry, whose entries read settings as they are
-// built, and both before anything is shown. While the identity is awaited, signals keep their default action, so
-// that Ctrl-C ends the program there, too.
+// The order of the steps is fixed: the action table before the registry, whose entries read settings as they
+// are built, and both before anything is shown. While the identity is awaited, signals keep their default
+// action, so that Ctrl-C ends the program there, too.
 int main(int argc, char** argv)
 {
     _aplog_init_orig("vistane", 0);

@@ -4,13 +4,14 @@
 
 #include <map>
 
-// A form whose choices, choice in force and effect are named APIs. It knows the choices as of the last reload().
+// A form whose choices, choice in force and effect are named APIs. It knows the choices as of the last
+// reload().
 class ApiOptionForm : public SettingsForm
 {
 public:
-    // `name` begins the keys of the form's settings and is kept, not copied. `listApi` is a text of one choice a
-    // line, `currentApi` the text of the choice in force, `setApi` the setter that takes the index of a line. A
-    // negative index given to setValue() reaches the setter, too, which must ignore it.
+    // `name` begins the keys of the form's settings and is kept, not copied. `listApi` is a text of one choice
+    // a line, `currentApi` the text of the choice in force, `setApi` the setter that takes the index of a line.
+    // A negative index given to setValue() reaches the setter, too, which must ignore it.
     ApiOptionForm(const char* name, const std::string& listApi, const std::string& currentApi,
                   const std::string& setApi);
 

@@ -3,8 +3,8 @@
 #include <map>
 #include <string>
 
-// The functions that entries reach by name, in four sections; a name answers only in the section it was added to.
-// Process-wide, never destroyed; empty until the ApiProvider is built.
+// The functions that entries reach by name, in four sections; a name answers only in the section it was added
+// to. Process-wide, never destroyed; empty until the ApiProvider is built.
 class ApiRegistry
 {
 public:

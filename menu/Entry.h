@@ -3,8 +3,9 @@
 #include <set>
 #include <string>
 
-// One line of a menu. Entries answer from the settings store whenever they are asked, so whoever shows them asks
-// again after a change. They are made with the EntryRegistry and live as long as the process. Texts are UTF-8.
+// One line of a menu. Entries answer from the settings store whenever they are asked, so whoever shows them
+// asks again after a change. They are made with the EntryRegistry and live as long as the process. Texts are
+// UTF-8.
 class Entry
 {
 public:

@@ -18,15 +18,16 @@ enum EntryKind {
 class EntryRegistry
 {
 public:
-    // Made on first use with all the entries there are, some of which read settings; build the ApiProvider first.
+    // Made on first use with all the entries there are, some of which read settings; build the ApiProvider
+    // first.
     static EntryRegistry* instance();
 
     virtual ~EntryRegistry() = default;
     EntryRegistry(const EntryRegistry&) = delete;
     EntryRegistry& operator=(const EntryRegistry&) = delete;
 
-    // The entry is not owned and must live as long as the process. A name that is registered already goes to the new
-    // entry; the old one keeps its kind.
+    // The entry is not owned and must live as long as the process. A name that is registered already goes to
+    // the new entry; the old one keeps its kind.
     void add(const std::string& name, Entry* entry, int kind);
 
     // The entry of that name, or null. Names are compared exactly, case included.

@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
-// A setting with a short list of named choices, counted from 0. Texts are UTF-8. The label of a choice that can't
-// be chosen carries the mark of ListText.
+// A setting with a short list of named choices, counted from 0. Texts are UTF-8. The label of a choice that
+// can't be chosen carries the mark of ListText.
 class FormEntry
 {
 public:
@@ -26,9 +26,9 @@ public:
     virtual bool needsWarning(int /*i*/) const { return false; }
 
     virtual int currentIndex() const = 0; // the choice in force
-    // Applies choice `i`. False, and nothing written, when there is no such choice, it can't be chosen, or it is in
-    // force already (the only choice of a form is applied again each time). True otherwise, even when the write failed; a
-    // negative index writes nothing and answers true.
+    // Applies choice `i`. False, and nothing written, when there is no such choice, it can't be chosen, or it
+    // is in force already (the only choice of a form is applied again each time). True otherwise, even when the
+    // write failed; a negative index writes nothing and answers true.
     virtual bool setValue(int i) = 0;
 
     virtual void watchedKeys(std::set<std::string>& /*keys*/) const {} // as for Entry

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
-// Choices as one text: a line for each, with a mark before one that is shown greyed and can't be chosen. The mark
-// itself is never shown.
+// Choices as one text: a line for each, with a mark before one that is shown greyed and can't be chosen. The
+// mark itself is never shown.
 namespace ListText {
 
 inline constexpr char disabledMark[] = "DISABLE:";
@@ -20,8 +20,8 @@ inline bool isDisabled(const std::string& choice)
     return choice.starts_with(disabledMark);
 }
 
-// A name as one line: the store's cut to 16 bits can make a line feed of another character, which would count as a
-// line more.
+// A name as one line: the store's cut to 16 bits can make a line feed of another character, which would count
+// as a line more.
 inline std::string oneLine(std::string name)
 {
     std::replace(name.begin(), name.end(), '\n', ' ');

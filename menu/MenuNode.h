@@ -6,12 +6,13 @@
 
 class Entry;
 
-// A menu: a title and a list of entries, which are those that the operator's setting "NAME.ChildIDs" names. Texts
-// are UTF-8.
+// A menu: a title and a list of entries, which are those that the operator's setting "NAME.ChildIDs" names.
+// Texts are UTF-8.
 class MenuNode
 {
 public:
-    // `name` is the one under which the node is registered. A non-zero `detailsFlag` makes it a page of details.
+    // `name` is the one under which the node is registered. A non-zero `detailsFlag` makes it a page of
+    // details.
     MenuNode(const std::string& name, int detailsFlag);
     virtual ~MenuNode() = default;
     MenuNode(const MenuNode&) = delete;
@@ -22,8 +23,8 @@ public:
     virtual std::string title() const = 0; // caption of the window that shows the node
     virtual std::string label() const = 0; // the node's line in its parent menu
 
-    // The children are read anew by clearing and then loading; loading alone appends. Entries that are hidden or
-    // unknown are left out, and a sub-menu with exactly one child stands as that child. Loading loads the
+    // The children are read anew by clearing and then loading; loading alone appends. Entries that are hidden
+    // or unknown are left out, and a sub-menu with exactly one child stands as that child. Loading loads the
     // sub-menus below too, except one that is being loaded already: a menu that leads back to itself is listed,
     // not followed.
     virtual void clearChildren();
@@ -46,5 +47,6 @@ public:
 // The names in a child list, which commas separate. Spaces around a name don't count, nor do empty names.
 std::vector<std::string> childNames(const std::string& list);
 
-// Takes the spaces (no other white space) off both ends of a zero-terminated text, in place. Null is left alone.
+// Takes the spaces (no other white space) off both ends of a zero-terminated text, in place. Null is left
+// alone.
 void trimSpaces(char* text);

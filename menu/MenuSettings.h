@@ -9,8 +9,8 @@ namespace MenuSettings {
 // A text of the menu group; empty when it is missing.
 std::string text(const std::string& key);
 
-// The texts "NAME.title" and "NAME.label" of the entry called `name`. Entries without a page of their own have no
-// label: their line in the menu is their title.
+// The texts "NAME.title" and "NAME.label" of the entry called `name`. Entries without a page of their own have
+// no label: their line in the menu is their title.
 std::string title(const std::string& name);
 std::string label(const std::string& name);
 
@@ -18,7 +18,8 @@ std::string label(const std::string& name);
 bool isVisible(const std::string& name);
 bool isEnabled(const std::string& name);
 
-// isEnabled(), but false once the user has chosen an operator profile, which fixes much of what the menu would set.
+// isEnabled(), but false once the user has chosen an operator profile, which fixes much of what the menu would
+// set.
 bool isEnabledWithoutProfile(const std::string& name);
 
 // 1 once the user has chosen an operator profile.

@@ -12,8 +12,8 @@ void prepare();
 std::string list();    // the ListText of the profiles; empty when they can't be read
 std::string current(); // the name of the profile in force
 
-// Puts the profile in line `i` of the last list() in force, and from then on disables the entries that a profile
-// fixes, even when the profile can't be installed. Nothing when there is no such line.
+// Puts the profile in line `i` of the last list() in force, and from then on disables the entries that a
+// profile fixes, even when the profile can't be installed. Nothing when there is no such line.
 void choose(int i);
 
 // Whether the user may not choose at all.

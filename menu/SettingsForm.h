@@ -2,8 +2,8 @@
 
 #include "FormEntry.h"
 
-// A form whose flags and texts are the settings that begin with its name. Once an operator profile is chosen it is
-// disabled.
+// A form whose flags and texts are the settings that begin with its name. Once an operator profile is chosen it
+// is disabled.
 class SettingsForm : public FormEntry
 {
 public:

@@ -4,8 +4,8 @@
 
 class Vt_Event;
 
-// What the details page shows: facts about the service, as UTF-8 texts that are made afresh by every call. A label
-// that the operator has not set shows as nothing.
+// What the details page shows: facts about the service, as UTF-8 texts that are made afresh by every call. A
+// label that the operator has not set shows as nothing.
 namespace StatusValues {
 
 // What the texts know that no store does. One per process, living as long as it does.

@@ -7,8 +7,8 @@
 // The only door to the settings store. A setting is addressed by a group number and a key within the group, and
 // is read and written where it is used: nothing is cached.
 //
-// A failed read gives 0, false or the empty string, a failed write leaves the setting as it was; both are logged
-// and never reach the caller otherwise. Strings are UTF-8. GUI thread only.
+// A failed read gives 0, false or the empty string, a failed write leaves the setting as it was; both are
+// logged and never reach the caller otherwise. Strings are UTF-8. GUI thread only.
 
 // Besides the numbers of SettingGroup. Those below the limit that no group has go to the store as they are.
 enum {

@@ -12,9 +12,9 @@ class USoftKey;
 
 namespace vtmenu {
 
-// The page that shows a menu node as a page of facts: each child's label as a heading, its value under it. Where the
-// operator allows it, the left soft key refreshes the content by hand, and at the end of every such run the page
-// asks for its facts anew.
+// The page that shows a menu node as a page of facts: each child's label as a heading, its value under it.
+// Where the operator allows it, the left soft key refreshes the content by hand, and at the end of every such
+// run the page asks for its facts anew.
 //
 // Made with new; deletes itself from the event loop once it is closed.
 class DetailViewer : public UKbMainWidget

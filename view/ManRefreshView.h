@@ -13,8 +13,8 @@ class UMessageDlg;
 class UNoticeDlg;
 class UProgressDlg;
 
-// The manual refresh: starts it, follows the service's reports and shows the dialog of each state. One for the whole
-// process. Dialogs are only ever made from the event loop, never inside handleEvent().
+// The manual refresh: starts it, follows the service's reports and shows the dialog of each state. One for the
+// whole process. Dialogs are only ever made from the event loop, never inside handleEvent().
 class ManRefreshView : public QObject, public Vt_EventHandler
 {
     Q_OBJECT

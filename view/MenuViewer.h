@@ -15,8 +15,8 @@ namespace vtmenu {
 
 // The page that shows one menu node as a list, and opens what is chosen there.
 //
-// Made with new. A viewer closes through hideAndDelete(): the root viewer then ends the application and is never
-// deleted, any other one deletes itself from the event loop.
+// Made with new. A viewer closes through hideAndDelete(): the root viewer then ends the application and is
+// never deleted, any other one deletes itself from the event loop.
 class MenuViewer : public UKbMainWidget
 {
     Q_OBJECT

@@ -15,6 +15,6 @@ enum class RefreshState : int {
     QUEUE_ERROR = 6,
 };
 
-// The state after the service reported `status`, a RefreshStatus or any other number, in `state`; nothing when the
-// report is to be ignored altogether.
+// The state after the service reported `status`, a RefreshStatus or any other number, in `state`; nothing when
+// the report is to be ignored altogether.
 std::optional<RefreshState> stateAfter(RefreshState state, int status);

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// A file of the user's own in a folder where everybody may write. One that somebody else owns or planted there, a
-// symbolic or hard link to another file, a pipe or a folder, is neither read nor written.
+// A file of the user's own in a folder where everybody may write. One that somebody else owns or planted there,
+// a symbolic or hard link to another file, a pipe or a folder, is neither read nor written.
 namespace PrivateFile {
 
 // Makes `text` the whole content of the file, which only the user may read from then on. False when that could

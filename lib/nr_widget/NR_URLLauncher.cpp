@@ -52,7 +52,8 @@ void startApplication(std::string_view appId, std::string_view argument = {})
     AM_LauncherClient::launchAppObject(appId, argument, 0, true, true);
 }
 
-// A link must not forge a log line of its own, nor cut one short. A terminal takes U+0080 to U+009F for controls too.
+// A link must not forge a log line of its own, nor cut one short. A terminal takes U+0080 to U+009F for
+// controls too.
 std::string shownInLog(std::string text)
 {
     for (size_t i = 0; i < text.size(); ++i) {

@@ -7,8 +7,8 @@
 #include <string_view>
 
 // Turns a link into the start of the phone application that handles it. Links and their parts are byte strings
-// that may hold anything; nothing is kept between two calls, and nothing here reports an error: a part of a link
-// that is of no use becomes an empty string.
+// that may hold anything; nothing is kept between two calls, and nothing here reports an error: a part of a
+// link that is of no use becomes an empty string.
 class NR_URLLauncher
 {
 public:
@@ -30,8 +30,8 @@ public:
     // Equal but for the case of ASCII letters, whatever the locale says.
     static bool equalsIgnoreCase(std::string_view a, std::string_view b);
 
-    // A number as it is dialled: separators dropped, pauses in lower case, escapes of "+", "*" and "#" resolved. ""
-    // when it is invalid or longer than 24 characters.
+    // A number as it is dialled: separators dropped, pauses in lower case, escapes of "+", "*" and "#"
+    // resolved. "" when it is invalid or longer than 24 characters.
     static std::string parseTelNo(const std::string& number);
 
     // `text` with each "%" and the two characters after it as one byte. A "%" with fewer than two characters

@@ -15,7 +15,8 @@ constexpr std::string_view headerBody = "body";
 
 constexpr size_t longestNumber = 24;
 
-// Not std::tolower: in a Turkish locale it would take "MAILTO" for another word, and a negative char is beyond it.
+// Not std::tolower: in a Turkish locale it would take "MAILTO" for another word, and a negative char is beyond
+// it.
 char lowerCase(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -8,7 +8,8 @@ FILE* libaplog_to_module_ptr = nullptr;
 
 int _aplog_init_orig(const char* module, int /*flags*/)
 {
-    // Line by line wherever it goes: whoever reads the log sees it grow, and a program that is killed loses none.
+    // Line by line wherever it goes: whoever reads the log sees it grow, and a program that is killed loses
+    // none.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     const char* path = std::getenv("VISTANE_LOG");
     if (!path || !*path)

@@ -8,7 +8,8 @@
 // library; a program may point it at another stream that outlives it.
 extern "C" FILE* libaplog_to_module_ptr;
 
-// Registers the program under `module` and opens its stream: the file named by VISTANE_LOG, which is appended to.
-// Without that variable, or when the file can't be opened (said once on standard error), the stream stays null. Lines
-// reach the file or standard output one by one. `flags` means nothing on this host. Always returns 0.
+// Registers the program under `module` and opens its stream: the file named by VISTANE_LOG, which is appended
+// to. Without that variable, or when the file can't be opened (said once on standard error), the stream stays
+// null. Lines reach the file or standard output one by one. `flags` means nothing on this host. Always returns
+// 0.
 extern "C" int _aplog_init_orig(const char* module, int flags);

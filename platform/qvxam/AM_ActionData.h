@@ -7,7 +7,8 @@
 
 // One request to the messaging application: an action with named values in the order in which they were set.
 //
-//   SendMMSSMS   ContactList (percent-encoded, as in a link), and Files: the path of a file of the user's own with the text
+//   SendMMSSMS   ContactList (percent-encoded, as in a link), and Files: the path of a file of the user's own
+//                with the text
 //   SendEmail    To (percent-encoded, as in a link), Cc, Bcc, Subject, Body
 //
 // Other values of these actions are announced, but a desktop has nothing to do with them.

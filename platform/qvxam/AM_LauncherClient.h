@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-// The application manager's way to start other applications. Every operation returns 0 when the request went out,
-// non-zero when it was refused or nothing can serve it. Text may hold any bytes; a null text is `{}`.
+// The application manager's way to start other applications. Every operation returns 0 when the request went
+// out, non-zero when it was refused or nothing can serve it. Text may hold any bytes; a null text is `{}`.
 class AM_LauncherClient
 {
 public:

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// Links as a desktop's opener may be given them: a scheme of their own first and only bytes that a link may have,
-// so that such a link is never taken for an option, a file name or two arguments.
+// Links as a desktop's opener may be given them: a scheme of their own first and only bytes that a link may
+// have, so that such a link is never taken for an option, a file name or two arguments.
 namespace DesktopLink {
 
 // `text` with every byte that a link can't have percent-encoded; escapes it already has stay as they are.
@@ -19,7 +19,8 @@ std::string checked(std::string_view link);
 std::string mail(std::string_view to, std::string_view cc, std::string_view bcc, std::string_view subject,
                  std::string_view body);
 
-// An sms: link to `address`, which is still percent-encoded like `to` above, its text preset to `text` unless that is empty.
+// An sms: link to `address`, which is still percent-encoded like `to` above, its text preset to `text` unless
+// that is empty.
 std::string message(std::string_view address, std::string_view text);
 
 // A tel: link to `number`.

@@ -21,9 +21,9 @@ bool isOn();
 // DesktopLink::checked) or there is no opener.
 int openLink(std::string_view link);
 
-// Starts the program that the table of applications has for `appId`, `argument` added as one more argument unless
-// it is empty. 0 when it was started, -1 when the table has no such identifier or none of its programs is
-// installed.
+// Starts the program that the table of applications has for `appId`, `argument` added as one more argument
+// unless it is empty. 0 when it was started, -1 when the table has no such identifier or none of its programs
+// is installed.
 int startApplication(std::string_view appId, std::string_view argument);
 
 // The program last started by this process and its arguments; empty when none was.

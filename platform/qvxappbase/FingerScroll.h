@@ -4,8 +4,8 @@
 
 class QAbstractScrollArea;
 
-// Scrolls an area by dragging it with a finger or the mouse. A drag is no tap: what it ends on does not get it. Nor
-// does a tap count that began before something else came on top, or the second one of a double tap.
+// Scrolls an area by dragging it with a finger or the mouse. A drag is no tap: what it ends on does not get it.
+// Nor does a tap count that began before something else came on top, or the second one of a double tap.
 class FingerScroll : public QObject
 {
     Q_OBJECT

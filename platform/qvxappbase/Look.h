@@ -40,7 +40,8 @@ inline constexpr QColor dim{0x0b, 0x18, 0x22, 0x8c};
 enum class Text { Title, Row, Value, Heading, Body, Caption, SoftKey };
 QFont font(Text text);
 
-// How many lines the texts above a pop-up's content may take: few on a low screen, so that the content has room.
+// How many lines the texts above a pop-up's content may take: few on a low screen, so that the content has
+// room.
 int captionLines();
 int instructionLines();
 

@@ -4,8 +4,8 @@
 #include <QElapsedTimer>
 #include <QObject>
 
-// Moves a text that is too long for its place through that place: it rests, runs through twice, and rests for good.
-// Nothing ticks while it rests, but for one shot that ends the first rest.
+// Moves a text that is too long for its place through that place: it rests, runs through twice, and rests for
+// good. Nothing ticks while it rests, but for one shot that ends the first rest.
 class Marquee : public QObject
 {
     Q_OBJECT

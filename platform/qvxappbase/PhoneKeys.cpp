@@ -19,7 +19,8 @@ std::optional<USoftKey::Key> PhoneKeys::softKey(const QKeyEvent& event)
     }
 }
 
-// Not every display marks the repetitions of a held key; there they come as a release and a press of one moment.
+// Not every display marks the repetitions of a held key; there they come as a release and a press of one
+// moment.
 bool PhoneKeys::isHeld(const QKeyEvent& event)
 {
     const PhoneScreen* screen = PhoneScreen::instance();

@@ -102,8 +102,8 @@ bool PhoneScreen::isReleasedNow(const QKeyEvent& press) const
            press.timestamp() == mReleasedAt;
 }
 
-// Shows the topmost page and everything above it, nothing below, and gives the keys to the topmost layer. What is
-// to be seen is shown before anything is hidden, so that the screen never flashes empty.
+// Shows the topmost page and everything above it, nothing below, and gives the keys to the topmost layer. What
+// is to be seen is shown before anything is hidden, so that the screen never flashes empty.
 void PhoneScreen::arrange()
 {
     const auto page = std::find_if(mLayers.crbegin(), mLayers.crend(),

@@ -4,8 +4,8 @@
 
 class QAbstractScrollArea;
 
-// The thin mark at the edge of whatever scrolls: where the visible part stands in the whole. It is not there when
-// everything is in sight.
+// The thin mark at the edge of whatever scrolls: where the visible part stands in the whole. It is not there
+// when everything is in sight.
 class ScrollMark : public QWidget
 {
     Q_OBJECT

@@ -28,7 +28,8 @@ void SoftKeyButton::paintEvent(QPaintEvent* /*event*/)
                      painter.fontMetrics().elidedText(mLabel, Qt::ElideRight, area.width()));
 }
 
-// Answers when it is pressed, as the phone's key does: until it is released, something else may be in its place.
+// Answers when it is pressed, as the phone's key does: until it is released, something else may be in its
+// place.
 void SoftKeyButton::mousePressEvent(QMouseEvent* event)
 {
     event->accept();

@@ -6,8 +6,8 @@
 
 class UDetailView;
 
-// One group of a details page: a heading and the lines under it. Part of a page only from UDetailView::addItem on,
-// which also passes the ownership.
+// One group of a details page: a heading and the lines under it. Part of a page only from UDetailView::addItem
+// on, which also passes the ownership.
 class UDetailItem
 {
 public:

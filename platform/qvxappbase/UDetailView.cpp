@@ -84,8 +84,8 @@ bool UDetailView::event(QEvent* event)
     return QAbstractScrollArea::event(event);
 }
 
-// Once for any number of changes, and before the next painting: emptying the page and filling it again leaves it
-// where it stood.
+// Once for any number of changes, and before the next painting: emptying the page and filling it again leaves
+// it where it stood.
 void UDetailView::scheduleLayout()
 {
     if (!mLayoutDue)

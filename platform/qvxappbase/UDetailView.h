@@ -10,8 +10,8 @@
 
 class UDetailItem;
 
-// A page of groups, each a heading with lines under it, that scrolls when it is longer than the screen. It owns its
-// items. Where it stands stays where it is when items come and go.
+// A page of groups, each a heading with lines under it, that scrolls when it is longer than the screen. It owns
+// its items. Where it stands stays where it is when items come and go.
 class UDetailView : public QAbstractScrollArea
 {
     Q_OBJECT

@@ -5,8 +5,8 @@
 
 // Watches the soft keys of a pop-up and takes those it was told of before the pop-up gets them.
 //
-// The watcher is no child of the pop-up, so that either can be deleted by whoever the signal reaches. A pop-up that
-// leaves the screen by the return to idle counts as its right key.
+// The watcher is no child of the pop-up, so that either can be deleted by whoever the signal reaches. A pop-up
+// that leaves the screen by the return to idle counts as its right key.
 class UKeyObject : public QObject
 {
     Q_OBJECT

@@ -35,8 +35,8 @@ public:
     // Highlights a row: past the end the last one, a negative one the first. Nothing in an empty list.
     void setCurrentItem(int row, bool redraw);
 
-    // Moves the radio mark, and the highlight with it, to a row, or takes it from there; nothing for a row that is
-    // not there.
+    // Moves the radio mark, and the highlight with it, to a row, or takes it from there; nothing for a row that
+    // is not there.
     void checkItem(int row, bool checked);
     // The row with the radio mark, -1 when there is none.
     int radioItemChecked() const;

@@ -6,8 +6,8 @@
 
 class UListBox;
 
-// One row of a list: a line of text and, under it, further lines in a quieter colour. Made for a list but part of
-// it only from UListBox::insertItem on, which also passes the ownership.
+// One row of a list: a line of text and, under it, further lines in a quieter colour. Made for a list but part
+// of it only from UListBox::insertItem on, which also passes the ownership.
 class UListItem : public QListWidgetItem
 {
 public:

@@ -4,9 +4,9 @@
 
 class UListBox;
 
-// A pop-up with a list of choices, one of them with the radio mark. The keys move the highlight, a tap moves it and
-// the mark; the left soft key or Enter gives the mark to the highlighted choice and confirms, unless that choice is
-// not selectable.
+// A pop-up with a list of choices, one of them with the radio mark. The keys move the highlight, a tap moves it
+// and the mark; the left soft key or Enter gives the mark to the highlighted choice and confirms, unless that
+// choice is not selectable.
 class USingleSelectDlg : public UPopup
 {
     Q_OBJECT

@@ -20,8 +20,8 @@ QTextOption textOption()
     return option;
 }
 
-// Breaks `layout`'s text into lines of `width`, at most `maxLines` of them when that is above 0, and returns where in
-// the text the lines end.
+// Breaks `layout`'s text into lines of `width`, at most `maxLines` of them when that is above 0, and returns
+// where in the text the lines end.
 int breakLines(QTextLayout& layout, int width, int maxLines)
 {
     int end = 0;

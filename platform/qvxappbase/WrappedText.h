@@ -2,8 +2,9 @@
 
 #include <QTextLayout>
 
-// A plain text in lines of a given width: broken at words where it can be, anywhere where it must, and at its line
-// feeds. Nothing in the text is markup. It keeps its own direction but stands at the screen's leading edge.
+// A plain text in lines of a given width: broken at words where it can be, anywhere where it must, and at its
+// line feeds. Nothing in the text is markup. It keeps its own direction but stands at the screen's leading
+// edge.
 class WrappedText
 {
 public:
@@ -16,7 +17,8 @@ public:
     // Pixels, as of the last wrap().
     int height() const;
 
-    // Draws the lines that lie wholly between `top` and `bottom`, the first line's upper edge being at `position`.
+    // Draws the lines that lie wholly between `top` and `bottom`, the first line's upper edge being at
+    // `position`.
     void draw(QPainter& painter, const QPointF& position, qreal top, qreal bottom) const;
 
 private:

@@ -11,7 +11,7 @@ public:
     // The argument means nothing on this host.
     explicit SDManager(int);
 
-    // "PHONE_CALL" calls the number in `data`. 0 when the request went out, non-zero when there is no such action
-    // or nothing can serve it.
+    // "PHONE_CALL" calls the number in `data`. 0 when the request went out, non-zero when there is no such
+    // action or nothing can serve it.
     int performAction(std::string_view action, const SDData& data);
 };

@@ -70,16 +70,16 @@ public:
     int setFact(std::string_view name, std::string_view value);
 
     // Channels in the order of the container that holds them. One without a title is named by the container
-    // but is not in the cache. Adding an existing one sets its title; reading or removing an unknown one answers
-    // STORE_NOT_FOUND.
+    // but is not in the cache. Adding an existing one sets its title; reading or removing an unknown one
+    // answers STORE_NOT_FOUND.
     int channels(std::vector<OperatorPack::Channel>& channels);
     int channel(std::string_view id, OperatorPack::Channel& channel);
     int addChannel(const OperatorPack::Channel& channel);
     int removeChannel(std::string_view id);
 
-    // Profiles in the operator's order, and the one in force: empty when none is, which is so only when none can be
-    // chosen. When adding or removing one leaves none in force, the first that can be chosen comes into force.
-    // Reading, removing or choosing an unknown one answers STORE_NOT_FOUND.
+    // Profiles in the operator's order, and the one in force: empty when none is, which is so only when none
+    // can be chosen. When adding or removing one leaves none in force, the first that can be chosen comes into
+    // force. Reading, removing or choosing an unknown one answers STORE_NOT_FOUND.
     int profiles(std::vector<OperatorPack::Profile>& profiles);
     int profile(std::string_view id, OperatorPack::Profile& profile);
     int addProfile(const OperatorPack::Profile& profile);

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the service reports of a manual refresh, as the value of EVENT_NOTIFY_MANUAL_REFRESH_STATUS. Receivers must
-// cope with other numbers, too.
+// What the service reports of a manual refresh, as the value of EVENT_NOTIFY_MANUAL_REFRESH_STATUS. Receivers
+// must cope with other numbers, too.
 enum RefreshStatus {
     STATUS_CONNECT_FAILED = 0,
     STATUS_DOWNLOADING = 1,

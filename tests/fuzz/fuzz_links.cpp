@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-// Takes any bytes apart as every kind of link, and holds the promises that the rest of the program and the desktop
-// rely on against the outcome.
+// Takes any bytes apart as every kind of link, and holds the promises that the rest of the program and the
+// desktop rely on against the outcome.
 namespace {
 
 void require(bool promise)

@@ -10,7 +10,8 @@
 #include <string>
 #include <vector>
 
-// Stands in for the programs of a desktop while it lives: they come first in PATH, and record how they were started.
+// Stands in for the programs of a desktop while it lives: they come first in PATH, and record how they were
+// started.
 class DesktopStandIn
 {
 public:

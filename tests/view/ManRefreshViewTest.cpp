@@ -31,15 +31,15 @@ struct SentRequests : Vt_EventHandler
     Lines mNames;
 };
 
-// After as many turns of the loop as the timers of five events and the return of five notices can take; also where
-// that is inside a notice's event loop.
+// After as many turns of the loop as the timers of five events and the return of five notices can take; also
+// where that is inside a notice's event loop.
 void atRest(const std::function<void()>& action, int turns = 12)
 {
     Screen::later([=] { turns > 0 ? atRest(action, turns - 1) : action(); });
 }
 
-// i and q: a run is started or refused; digits: the service's statuses; each with the state that it leads to from the
-// states 0 to 6. Then the keys. A dot lets the event loop run.
+// i and q: a run is started or refused; digits: the service's statuses; each with the state that it leads to
+// from the states 0 to 6. Then the keys. A dot lets the event loop run.
 const std::map<char, std::string> events = {
     {'i', "1111111"}, {'q', "6666666"}, {'0', "4444444"}, {'1', "2222222"},
     {'2', "-55----"}, {'3', "3333333"}, {'4', "1121111"}, {'9', "0123456"},
@@ -154,8 +154,8 @@ protected:
         mView->handleEvent(Vt_Event(name, event - '0'));
     }
 
-    // Takes a fresh view along a path beside the model. Notices run event loops of their own, so every step is taken
-    // from whatever loop is the innermost one.
+    // Takes a fresh view along a path beside the model. Notices run event loops of their own, so every step is
+    // taken from whatever loop is the innermost one.
     void walk(const std::string& path)
     {
         const auto before = PhoneScreen::instance()->findChildren<UPopup*>().size();

@@ -144,7 +144,8 @@ inline Lines rowsOf(const QWidget& layer)
     return rows;
 }
 
-// The pop-ups on the screen, bottom to top: their texts, the progress where there is a bar, and their soft keys.
+// The pop-ups on the screen, bottom to top: their texts, the progress where there is a bar, and their soft
+// keys.
 inline Lines popups()
 {
     Lines shown;

@@ -38,13 +38,13 @@ TEST(ViewerLifetime, NoViewerIsDeletedUnderItsOwnCall)
     ptrdiff_t existing;
     const auto goIdleInside = [&] {
         existing = viewers();
-        // Where keys and posted events are dealt with in one turn, the pop-up's event loop still gets to what was
-        // posted before it ends; so does this.
+        // Where keys and posted events are dealt with in one turn, the pop-up's event loop still gets to what
+        // was posted before it ends; so does this.
         Screen::pressAtOnce(Qt::Key_End);
         QCoreApplication::processEvents();
     };
-    // The pop-up is a form, a form's warning, or the warning of the root menu, which is switched off elsewhere while
-    // its row is shown.
+    // The pop-up is a form, a form's warning, or the warning of the root menu, which is switched off elsewhere
+    // while its row is shown.
     for (const int row : {0, 1, 2}) {
         const QPointer viewer = new MenuViewer(nodeOf("ConfigureHeadlines"), false, nullptr, nullptr);
         viewer->showView();

@@ -109,8 +109,8 @@ private:
         return faults;
     }
 
-    // Notes what is under a menu: entries that reach the screen, and names that lead back up. These are a fault in a
-    // hidden menu, too, which would take effect once it is shown.
+    // Notes what is under a menu: entries that reach the screen, and names that lead back up. These are a fault
+    // in a hidden menu, too, which would take effect once it is shown.
     void walk(const std::string& menu, bool isMenuShown)
     {
         mPath.push_back(menu);

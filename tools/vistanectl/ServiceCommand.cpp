@@ -30,8 +30,8 @@ const std::map<std::string, StandInService::Outcome> outcomes = {
     {"queue", StandInService::Outcome::Queue},
 };
 
-// While it lives, the signals that ask a program to end make the event loop return 0. To be made before the bus is
-// used, whose thread would get them otherwise.
+// While it lives, the signals that ask a program to end make the event loop return 0. To be made before the bus
+// is used, whose thread would get them otherwise.
 class EndOnSignal
 {
 public:

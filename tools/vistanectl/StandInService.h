@@ -8,9 +8,9 @@
 #include <functional>
 #include <string>
 
-// Stands in for the headlines service where a refresh by hand is concerned: answers the request step by step, keeps
-// the figures and the last result in the settings, and tells of the update and of the memory in use, all as the
-// service would. While nobody refreshes it does nothing at all.
+// Stands in for the headlines service where a refresh by hand is concerned: answers the request step by step,
+// keeps the figures and the last result in the settings, and tells of the update and of the memory in use, all
+// as the service would. While nobody refreshes it does nothing at all.
 class StandInService : public QObject, public Vt_EventHandler
 {
     Q_OBJECT

@@ -37,8 +37,8 @@ std::string bytesOf(const std::string& text)
 
 using Row = std::vector<std::string>;
 
-// Calls `check` with the columns of each case of a table; the notation is explained at the top of links.tsv. Returns
-// how many cases there are.
+// Calls `check` with the columns of each case of a table; the notation is explained at the top of links.tsv.
+// Returns how many cases there are.
 template <class Check>
 int forEachRow(const char* table, Check check)
 {

@@ -72,7 +72,8 @@ TEST(Page, TheRedKeyAsksForTheIdleScreenFromEverywhere)
     EXPECT_FALSE(PhoneScreen::instance()->isOnTop(&popup));
 }
 
-// Pages outlive the screen when a program ends with its menus open. A process has one screen, so another has its own.
+// Pages outlive the screen when a program ends with its menus open. A process has one screen, so another has
+// its own.
 TEST(Page, TheScreenLetsGoOfWhatIsStillThere)
 {
     EXPECT_EXIT(

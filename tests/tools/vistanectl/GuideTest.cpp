@@ -24,7 +24,8 @@ QByteArray jsonOf(const SettingValue& value)
 
 } // namespace
 
-// The guide has a row for each setting: name, type, default, readers; and its meaning, which is for people only.
+// The guide has a row for each setting: name, type, default, readers; and its meaning, which is for people
+// only.
 TEST(OperatorsGuide, ListsTheSettingsThatLintKnows)
 {
     QFile file(QStringLiteral(SOURCE_DIR "/docs/operators.md"));
