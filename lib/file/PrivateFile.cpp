@@ -7,6 +7,11 @@
 
 namespace {
 
+bool isOwn(const struct stat& status)
+{
+    return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
+}
+
 // The descriptor of a file that is the user's own, or -1. Nothing has been done to the file yet: whether it is
 // one of ours is only known once it is open. O_NONBLOCK keeps a pipe from holding us up.
 int openOwn(const char* path, int flags)
@@ -15,8 +20,7 @@ int openOwn(const char* path, int flags)
     struct stat status;
     if (file < 0)
         return -1;
-    if (fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid() &&
-        status.st_nlink == 1)
+    if (fstat(file, &status) == 0 && isOwn(status))
         return file;
     close(file);
     return -1;
@@ -46,6 +50,13 @@ bool write(const char* path, std::string_view text)
         return false;
     const bool done = fchmod(file, 0600) == 0 && ftruncate(file, 0) == 0 && writeAll(file, text);
     return close(file) == 0 && done;
+}
+
+void remove(const char* path)
+{
+    struct stat status;
+    if (lstat(path, &status) == 0 && isOwn(status))
+        unlink(path);
 }
 
 std::string read(const char* path)

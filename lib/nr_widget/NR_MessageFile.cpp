@@ -6,7 +6,8 @@ namespace NR_MessageFile {
 
 void write(std::string_view text)
 {
-    PrivateFile::write(path, text);
+    if (!PrivateFile::write(path, text))
+        PrivateFile::remove(path);
 }
 
 } // namespace NR_MessageFile

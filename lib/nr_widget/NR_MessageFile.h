@@ -8,9 +8,9 @@ namespace NR_MessageFile {
 
 inline constexpr char path[] = "/tmp/vtsms.txt";
 
-// Puts exactly `text` there, readable by the user alone. A file that can't be opened for writing, or is not the
-// user's own, stays as it is; when the disk is full, as much of `text` is left as fitted. Nobody is told: the
-// message is composed all the same, with the text that is there.
+// Puts exactly `text` there, readable by the user alone. When that can't be done the file is removed, unless it is
+// not the user's own: the text of an earlier message must not go to another address. Nobody is told: the message
+// is composed all the same, without a text.
 void write(std::string_view text);
 
 } // namespace NR_MessageFile

@@ -56,6 +56,7 @@ TEST_F(PrivateFileTest, NothingPlantedIsFollowed)
         ASSERT_EQ(plant(other.c_str(), path.c_str()), 0);
         EXPECT_FALSE(PrivateFile::write(path.c_str(), "text"));
         EXPECT_EQ(PrivateFile::read(path.c_str()), "");
+        PrivateFile::remove(path.c_str());
         ASSERT_EQ(std::remove(path.c_str()), 0);
         EXPECT_EQ(PrivateFile::read(other.c_str()), "precious");
     }
@@ -75,6 +76,7 @@ TEST_F(PrivateFileTest, SomebodyElsesFileIsLeftAlone)
     chmod(path.c_str(), 0666);
     EXPECT_FALSE(PrivateFile::write(path.c_str(), "mine"));
     EXPECT_EQ(PrivateFile::read(path.c_str()), "");
+    PrivateFile::remove(path.c_str());
     EXPECT_EQ(modeOf(path), 0666u);
     ASSERT_EQ(chown(path.c_str(), 0, 0), 0);
     EXPECT_EQ(PrivateFile::read(path.c_str()), "theirs");

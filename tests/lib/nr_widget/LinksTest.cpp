@@ -12,6 +12,7 @@
 #include <chrono>
 #include <fstream>
 #include <map>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -150,6 +151,20 @@ TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFile)
     unlink(NR_MessageFile::path);
     EXPECT_EQ(desktop.take(1).at(0).words.back(), "sms:1");
     EXPECT_EQ(PrivateFile::read(precious.c_str()), "secret");
+}
+
+TEST_F(Links, DoNotSendAnEarlierText)
+{
+    launch("smsto:1?text=secret");
+    desktop.take(1);
+    // Nothing can be opened now, so nothing can be written.
+    rlimit files;
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &files), 0);
+    const rlimit none = {0, files.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    NR_MessageFile::write("other");
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &files), 0);
+    EXPECT_EQ(PrivateFile::read(NR_MessageFile::path), "");
 }
 
 TEST_F(Links, LogMessagesOnly)
