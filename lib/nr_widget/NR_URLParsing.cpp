@@ -35,6 +35,47 @@ char numberEscape(std::string_view escape)
     return escape == "23" ? '#' : '\0';
 }
 
+// Walks over the names of a link's headers. Each ends at a "=" and begins after the last "&" before it, where
+// there is none after the last "?". Every character is looked at once: a link that is one long row of "=" must
+// not cost the square of its length.
+class HeaderNames
+{
+public:
+    HeaderNames(std::string_view link, size_t start) : mLink(link), mNext(start) {}
+
+    // Goes to the next name; false when there is none.
+    bool next()
+    {
+        const size_t equals = mLink.find('=', mNext);
+        if (equals == mLink.npos)
+            return false;
+        const std::string_view unseen = mLink.substr(mEnd, equals - mEnd);
+        if (const size_t at = unseen.rfind('&'); at != unseen.npos)
+            mAfterAmpersand = mEnd + at + 1;
+        if (const size_t at = unseen.rfind('?'); at != unseen.npos)
+            mAfterQuestion = mEnd + at + 1;
+        mEnd = equals;
+        mNext = equals + 1;
+        return true;
+    }
+
+    // Where it ends.
+    size_t end() const { return mEnd; }
+
+    std::string_view name() const
+    {
+        const size_t begin = mAfterAmpersand > 0 ? mAfterAmpersand : mAfterQuestion;
+        return mLink.substr(begin, mEnd - begin);
+    }
+
+private:
+    std::string_view mLink;
+    size_t mNext;
+    size_t mEnd = 0;
+    size_t mAfterAmpersand = 0; // 0: there was none
+    size_t mAfterQuestion = 0;
+};
+
 } // namespace
 
 std::string NR_URLLauncher::getURLScheme(const std::string& link)
@@ -143,31 +184,19 @@ void NR_URLLauncher::parseHeader(const std::string& link, size_t start, std::str
     Header headers[] = {
         {headerCc, cc, {}}, {headerBcc, bcc, {}}, {headerSubject, subject, {}}, {headerBody, body, {}}};
 
-    // Every character is looked at once, and a value is decoded only when no later header replaces it: a link
-    // that is one long row of "=" must not cost the square of its length.
+    // A value is decoded only when no later header replaces it, so that many cost no more than their length.
     const std::string_view text = link;
-    size_t lastAmpersand = text.npos;
-    size_t lastQuestion = text.npos;
-    size_t seen = 0;
     size_t valueEnd = 0;
-    for (size_t equals = text.find('=', start); equals != text.npos; equals = text.find('=', equals + 1)) {
-        const std::string_view unseen = text.substr(seen, equals - seen);
-        if (const size_t at = unseen.rfind('&'); at != unseen.npos)
-            lastAmpersand = seen + at;
-        if (const size_t at = unseen.rfind('?'); at != unseen.npos)
-            lastQuestion = seen + at;
-        seen = equals;
-
-        const size_t separator = lastAmpersand != text.npos ? lastAmpersand : lastQuestion;
-        const size_t nameBegin = separator == text.npos ? 0 : separator + 1;
-        const std::string_view name = text.substr(nameBegin, equals - nameBegin);
+    for (HeaderNames names(text, start); names.next();) {
+        const std::string_view name = names.name();
         logger(8, "NR_URLLauncher.parseHeader(): Header is %.*s\n", static_cast<int>(name.size()), name.data());
 
-        if (valueEnd <= equals)
-            valueEnd = std::min(text.find('&', equals), text.size());
+        const size_t value = names.end() + 1;
+        if (valueEnd < value)
+            valueEnd = std::min(text.find('&', value), text.size());
         for (Header& header : headers) {
             if (equalsIgnoreCase(name, header.name))
-                header.value = text.substr(equals + 1, valueEnd - equals - 1);
+                header.value = text.substr(value, valueEnd - value);
             else if (name.empty())
                 header.value = "";
         }
