@@ -3,8 +3,6 @@
 #include "CoreStore.h"
 #include "vtString.h"
 
-#include <charconv>
-
 namespace DeviceFacts {
 
 int get(std::string_view name, vtTypes::String& text)
@@ -22,13 +20,9 @@ int get(std::string_view name, int& number)
     const int status = CoreStore::instance().fact(name, value);
     if (status != STORE_OK)
         return status;
-    const char* end = value.data() + value.size();
-    int parsed = 0;
-    const auto [stop, error] = std::from_chars(value.data(), end, parsed);
-    if (error != std::errc() || stop != end)
-        return STORE_WRONG_TYPE;
-    number = parsed;
-    return STORE_OK;
+    const std::optional<int> parsed = vtIntegerFromText(value);
+    number = parsed.value_or(number);
+    return parsed ? STORE_OK : STORE_WRONG_TYPE;
 }
 
 int get(std::string_view name, bool& flag)

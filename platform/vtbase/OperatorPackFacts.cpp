@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace {
 
@@ -27,12 +26,7 @@ bool integer(const SettingValue& value, std::string& text)
         return true;
     }
     const auto* given = std::get_if<std::string>(&value);
-    if (!given)
-        return false;
-    int number = 0;
-    const char* end = given->data() + given->size();
-    const auto [stop, error] = std::from_chars(given->data(), end, number);
-    if (!given->empty() && (error != std::errc() || stop != end))
+    if (!given || (!given->empty() && !vtIntegerFromText(*given)))
         return false;
     text = *given;
     return true;

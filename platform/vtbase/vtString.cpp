@@ -1,6 +1,7 @@
 #include "vtString.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace {
 
@@ -95,4 +96,12 @@ bool vtStringFromUtf8(std::string_view utf8, vtTypes::String& text)
     }
     text = std::move(result);
     return true;
+}
+
+std::optional<int> vtIntegerFromText(std::string_view text)
+{
+    int number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }

@@ -2,19 +2,19 @@
 
 #include "Output.h"
 #include "SettingGroups.h"
-
-#include <charconv>
+#include "vtString.h"
 
 std::optional<SettingKey> SettingKey::parse(const std::string& name)
 {
-    // A group without a name goes by its number, which is also how it is listed.
-    int number = 0;
-    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), number);
-    if (error == std::errc() && *stop == '.' && stop[1] != '\0' && settingGroupName(number).empty())
-        return SettingKey{number, stop + 1};
-    // Every group's name has exactly one dot.
     const size_t inside = name.find('.');
-    const size_t end = inside == std::string::npos ? inside : name.find('.', inside + 1);
+    if (inside == std::string::npos)
+        return std::nullopt;
+    // A group without a name goes by its number, which is also how it is listed.
+    const std::optional<int> number = vtIntegerFromText(std::string_view(name).substr(0, inside));
+    if (number && inside + 1 < name.size() && settingGroupName(*number).empty())
+        return SettingKey{*number, name.substr(inside + 1)};
+    // Every group's name has exactly one dot.
+    const size_t end = name.find('.', inside + 1);
     if (end == std::string::npos || end + 1 == name.size())
         return std::nullopt;
     const int group = settingGroupNumber(std::string_view(name).substr(0, end));
@@ -32,14 +32,8 @@ std::string SettingKey::nameOf(const OperatorPack::Setting& setting)
 std::optional<SettingValue> parseSettingValue(size_t type, const std::string& text)
 {
     switch (type) {
-    case 0: {
-        int number = 0;
-        const char* end = text.data() + text.size();
-        const auto [stop, error] = std::from_chars(text.data(), end, number);
-        if (error != std::errc() || stop != end)
-            return std::nullopt;
-        return number;
-    }
+    case 0:
+        return vtIntegerFromText(text);
     case 1:
         if (text != "true" && text != "false")
             return std::nullopt;
