@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QApplication>
-#include <QPointer>
-#include <QWidget>
 
 #include <memory>
 
@@ -23,9 +21,8 @@ public:
 
     static UApplication* instance();
 
-    // The widget a program calls its main one; not owned, and null once it is gone.
-    void setMainWidget(QWidget* widget) { mMainWidget = widget; }
-    QWidget* mainWidget() const { return mMainWidget.data(); }
+    // Accepted and unused: on one screen of pages none stands out.
+    void setMainWidget(QWidget* /*widget*/) {}
 
     // Makes the event loop look at its timers and events at once.
     void wakeUpGuiThread();
@@ -44,5 +41,4 @@ private:
     void loadFixedTexts();
 
     std::unique_ptr<PhoneScreen> mScreen;
-    QPointer<QWidget> mMainWidget;
 };
