@@ -6,6 +6,8 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -16,6 +18,10 @@ const Log logger("PhoneScreen");
 constexpr QSize defaultSize(240, 320);
 constexpr int smallestSide = 160;
 constexpr int largestSide = 4096;
+
+// In milliseconds: what was done before may come through several turns of the event loop. Nobody answers sooner what
+// has just come up.
+constexpr int catchUpTime = 50;
 
 PhoneScreen* theScreen = nullptr;
 
@@ -73,6 +79,7 @@ void PhoneScreen::put(QWidget* layer, Layer kind)
     arrange();
     if (!isVisible()) {
         show();
+        windowHandle()->installEventFilter(this);
         // Without a window manager nobody else gives the window the keys.
         activateWindow();
     }
@@ -100,6 +107,45 @@ bool PhoneScreen::isReleasedNow(const QKeyEvent& press) const
 {
     return press.nativeScanCode() != 0 && press.nativeScanCode() == mReleasedCode &&
            press.timestamp() == mReleasedAt;
+}
+
+void PhoneScreen::dropTypedAhead()
+{
+    mDropsInput = true;
+    QTimer::singleShot(catchUpTime, this, [this] { mDropsInput = false; });
+}
+
+// The window gets what the keyboard and the pointer do before any layer does.
+bool PhoneScreen::eventFilter(QObject* /*window*/, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        const auto& press = static_cast<QKeyEvent&>(*event);
+        return isBesideAnother(press) || (mDropsInput && event->spontaneous() && press.key() != Qt::Key_End);
+    }
+    case QEvent::KeyRelease:
+        if (!static_cast<QKeyEvent*>(event)->isAutoRepeat())
+            mDownCode = 0;
+        return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::TouchBegin:
+        return mDropsInput;
+    default:
+        return false;
+    }
+}
+
+// The phone takes one key at a time: of two that are pressed together, the second one must not answer what the first
+// one brought up.
+bool PhoneScreen::isBesideAnother(const QKeyEvent& press)
+{
+    if (press.isAutoRepeat() || !(PhoneKeys::softKey(press) || PhoneKeys::isSelect(press)))
+        return false;
+    if (mDownCode != 0 && mDownCode != press.nativeScanCode())
+        return true;
+    mDownCode = press.nativeScanCode();
+    return false;
 }
 
 // Shows the topmost page and everything above it, nothing below, and gives the keys to the topmost layer. What

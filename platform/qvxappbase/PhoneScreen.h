@@ -31,10 +31,15 @@ public:
     // Whether the widget is the topmost layer or a part of it.
     bool isOnTop(const QWidget* widget) const;
 
+    // Takes no tap, and of the keys only the red one, until the event loop has caught up: what a person did while
+    // the program was busy was meant for what was on the screen before.
+    void dropTypedAhead();
+
     // Whether the keyboard released this key at the very moment of its press.
     bool isReleasedNow(const QKeyEvent& press) const;
 
 protected:
+    bool eventFilter(QObject* window, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -49,8 +54,11 @@ private:
     };
 
     void arrange();
+    bool isBesideAnother(const QKeyEvent& press);
 
     QList<Entry> mLayers;      // bottom to top
     quint32 mReleasedCode = 0; // of the key that was released last
     quint64 mReleasedAt = 0;
+    quint32 mDownCode = 0; // of the key that is held and has answered what was on the screen
+    bool mDropsInput = false;
 };

@@ -44,4 +44,5 @@ press() {
     done
     phone_rest
 }
+looks_like() { [ "$(phone_look)" = "$1" ]; }
 looks_unlike() { [ "$(phone_look)" != "$1" ]; }

@@ -23,6 +23,15 @@ phone_press Down Down Return Return Up Return
 phone_stop
 same "$(vistanectl get VtNewsReader.UI.ScrollingRate)" 3
 phone_start
+
+echo "both soft keys at once end a form, and nothing else"
+list=$(phone_look)
+for keys in F1+F2 F2+F1; do
+    press Return
+    xdotool key $keys
+    wait_for looks_like "$list"
+done
+
 phone_press Down Down Down Down Return
 press Down
 

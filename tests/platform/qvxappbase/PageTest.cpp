@@ -59,6 +59,47 @@ TEST(Page, SoftKeysHaveTheirKeysAndTapsAndDoNotRepeat)
     EXPECT_EQ(keys, (QList<int>{0, 0, 1, 1, 1, 0, 1}));
 }
 
+TEST(Page, OfTwoKeysPressedTogetherTheSecondDoesNotCount)
+{
+    const auto send = [](QEvent::Type type, Qt::Key key, quint32 code) {
+        QKeyEvent event(type, key, Qt::NoModifier, code, 0, 0);
+        QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &event);
+    };
+    Page page;
+    page.show();
+    UMessageDlg popup(QString(), QString(), 0, 0);
+    Screen::later([&] {
+        send(QEvent::KeyPress, Qt::Key_F1, 67);
+        send(QEvent::KeyPress, Qt::Key_F2, 68);
+    });
+    EXPECT_EQ(popup.exec(), 1);
+    EXPECT_EQ(page.pressed.size(), 0);
+    send(QEvent::KeyRelease, Qt::Key_F2, 68);
+    send(QEvent::KeyRelease, Qt::Key_F1, 67);
+    send(QEvent::KeyPress, Qt::Key_F2, 68);
+    EXPECT_EQ(page.pressed.size(), 1);
+    send(QEvent::KeyRelease, Qt::Key_F2, 68);
+}
+
+TEST(Page, WhatWasTypedAheadIsDroppedButForTheRedKey)
+{
+    QSignalSpy idle(UApplication::instance(), &UApplication::askReturnToIdle);
+    Page page;
+    page.show();
+    const auto pressAndTap = [&] {
+        Screen::press({Qt::Key_F1, Qt::Key_F2, Qt::Key_End});
+        QTest::mouseClick(PhoneScreen::instance()->windowHandle(), Qt::LeftButton, {},
+                          {20, page.height() - 10});
+    };
+    PhoneScreen::instance()->dropTypedAhead();
+    pressAndTap();
+    EXPECT_EQ(page.pressed.size(), 0);
+    EXPECT_EQ(idle.size(), 1);
+    QTest::qWait(100);
+    pressAndTap();
+    EXPECT_EQ(page.pressed.size(), 3);
+}
+
 TEST(Page, TheRedKeyAsksForTheIdleScreenFromEverywhere)
 {
     QSignalSpy idle(UApplication::instance(), &UApplication::askReturnToIdle);
