@@ -108,16 +108,15 @@ void MenuViewer::rebuildMenuView()
     mListBox->setCurrentItem(mCurrentIndex, true);
 }
 
-// The node may be shown by another viewer, too, which has loaded its children anew: a line opens only what it was
-// built from. Where that is gone the list is out of date, so it is built again instead.
+// The node may be shown by another viewer, too, which has loaded its children anew: a line opens only what it
+// was built from. Where that is gone the list is out of date, so it is built again instead.
 void MenuViewer::openItem(int row)
 {
     const Nesting nesting(*this);
     mCurrentIndex = row;
     const auto i = static_cast<size_t>(mListBox->item(row)->getReservedData());
-    Entry* entry = i < mNode->mChildren.size() ? mNode->mChildren[i] : nullptr;
-    if (entry == mShown[i])
-        openEntry(entry);
+    if (i < mNode->mChildren.size() && mNode->mChildren[i] == mShown[i])
+        openEntry(mShown[i]);
     else
         rebuildMenuView();
 }

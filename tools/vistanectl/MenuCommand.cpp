@@ -57,7 +57,7 @@ private:
         const std::string value = entry->hasValue() ? entry->valueText() : std::string();
         const bool greyed = !entry->isEnabled();
         mTable.add({{"depth", mDepth, {}, true},
-                    {"label", Output::toJson(label), std::string(2 * mDepth, ' ') + label},
+                    {"label", Output::toJson(label), std::string(static_cast<size_t>(mDepth) * 2, ' ') + label},
                     {"value", Output::toJson(value)},
                     {"greyed", greyed, greyed ? "greyed" : ""},
                     {"kind", kindName(kind)}});
