@@ -49,7 +49,8 @@ int main(int argc, char** argv)
     if (!rootEntry)
         return -1;
     MenuNode* rootNode = static_cast<NodeAdapter*>(rootEntry)->node();
-    auto* rootViewer = new vtmenu::MenuViewer(rootNode, true, nullptr, nullptr);
+    // Static, because it ends with the process and nobody else may hold it by then.
+    static auto* rootViewer = new vtmenu::MenuViewer(rootNode, true, nullptr, nullptr);
     openMenuChannel(rootViewer);
     application.setMainWidget(rootViewer);
     if (rootViewer->showView() == 0)

@@ -27,7 +27,7 @@ ends() {
     wait_for none_left
 }
 ends 'wait_for closed' 0
-ends 'kill -SEGV $program' 139
+ends 'kill -ABRT $program' 134
 ends 'kill -KILL $program' 137
 ends 'kill -TERM $script' 143
 ends 'kill -KILL $service; wait_for closed' 0
