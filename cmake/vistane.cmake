@@ -14,7 +14,7 @@ endfunction()
 function(vistane_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "SCREEN" "TIMEOUT" "SOURCES;LIBRARIES")
     if(NOT arg_TIMEOUT)
-        set(arg_TIMEOUT 120)
+        set(arg_TIMEOUT 300)
     endif()
     add_executable(${name} ${arg_SOURCES})
     # The first main() that the linker finds is the one that counts.

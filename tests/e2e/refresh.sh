@@ -14,9 +14,10 @@ refresh() {
     press F1
     wait_for on_bus INITIATE
 }
-# What the program logs once the dialog is up that ends a run.
+# What the program logs right before the dialog comes up that ends a run; on a busy machine that takes a while.
 ends_with() {
     wait_for in_log "$1"
+    sleep 0.5
     phone_rest
 }
 
