@@ -4,11 +4,14 @@
 #include <cstdlib>
 #include <thread>
 
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/extensions/Xdamage.h>
 #include <csignal>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -86,6 +89,11 @@ void XPhone::placeWindow(Window window)
     XSync(mDisplay, False);
 }
 
+unsigned long XPhone::keyNamed(const std::string& name)
+{
+    return XStringToKeysym(name.c_str());
+}
+
 void XPhone::key(KeySym key, bool down)
 {
     XTestFakeKeyEvent(mDisplay, XKeysymToKeycode(mDisplay, key), down, CurrentTime);
@@ -124,19 +132,52 @@ void XPhone::forgetPaints()
 
 std::optional<XPhone::Clock::duration> XPhone::answerTime(Milliseconds atMost)
 {
+    if (mWindow == None)
+        return {};
     const auto asked = Clock::now();
-    XEvent question = {};
-    question.xclient.type = ClientMessage;
-    question.xclient.window = mWindow;
-    question.xclient.message_type = XInternAtom(mDisplay, "WM_PROTOCOLS", False);
-    question.xclient.format = 32;
-    question.xclient.data.l[0] = static_cast<long>(XInternAtom(mDisplay, "_NET_WM_PING", False));
-    question.xclient.data.l[1] = CurrentTime;
-    question.xclient.data.l[2] = static_cast<long>(mWindow);
-    XSendEvent(mDisplay, mWindow, False, NoEventMask, &question);
+    tell("_NET_WM_PING");
     if (!nextEvent(ClientMessage, asked + atMost))
         return {};
     return Clock::now() - asked;
+}
+
+std::string XPhone::picture(int rows)
+{
+    XImage* image = XGetImage(mDisplay, mWindow, 0, 0, static_cast<unsigned>(mWidth),
+                              static_cast<unsigned>(rows), AllPlanes, ZPixmap);
+    if (!image)
+        return {};
+    const std::string pixels(image->data,
+                             static_cast<size_t>(image->bytes_per_line) * static_cast<size_t>(rows));
+    XDestroyImage(image);
+    return pixels;
+}
+
+void XPhone::closeWindow()
+{
+    tell("WM_DELETE_WINDOW");
+    XFlush(mDisplay);
+}
+
+void XPhone::tell(const char* message)
+{
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = mWindow;
+    event.xclient.message_type = XInternAtom(mDisplay, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(mDisplay, message, False));
+    event.xclient.data.l[1] = CurrentTime;
+    event.xclient.data.l[2] = static_cast<long>(mWindow);
+    XSendEvent(mDisplay, mWindow, False, NoEventMask, &event);
+}
+
+pid_t XPhone::server() const
+{
+    ucred peer = {};
+    socklen_t size = sizeof peer;
+    getsockopt(ConnectionNumber(mDisplay), SOL_SOCKET, SO_PEERCRED, &peer, &size);
+    return peer.pid;
 }
 
 std::optional<int> XPhone::ended(Milliseconds atMost)
@@ -161,6 +202,10 @@ std::optional<XEvent> XPhone::nextEvent(int type, Clock::time_point deadline)
             XNextEvent(mDisplay, &event);
             if (event.type == type)
                 return event;
+            if (event.type == DestroyNotify && event.xdestroywindow.window == mWindow) {
+                mWindow = None;
+                return {};
+            }
         }
         const auto left = std::chrono::ceil<Milliseconds>(deadline - Clock::now()).count();
         pollfd connection = {ConnectionNumber(mDisplay), POLLIN, 0};

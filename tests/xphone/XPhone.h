@@ -5,8 +5,11 @@
 #include <string>
 #include <vector>
 
-#include <X11/Xlib.h>
 #include <sys/types.h>
+
+// Xlib's header names more than goes along with Qt's.
+struct _XDisplay;
+union _XEvent;
 
 // A program on an X display as its user has it in hand: keys and pointer presses go through the X server, and what
 // the program does is seen on the screen. The display is the program's alone and has no window manager.
@@ -30,9 +33,12 @@ public:
     // was not in that time.
     std::optional<Clock::time_point> firstPaint(Milliseconds atMost);
 
+    // The number of a key, such as XK_Up, by its name, "Up".
+    static unsigned long keyNamed(const std::string& name);
+
     // These return at once: the X server has the press, the program may not have seen it yet.
-    void key(KeySym key, bool down);
-    void press(KeySym key);
+    void key(unsigned long keySym, bool down);
+    void press(unsigned long keySym);
     void button(bool down);
     // To a place in the window, in pixels.
     void moveTo(int x, int y);
@@ -41,27 +47,39 @@ public:
     std::optional<Clock::time_point> nextPaint(Milliseconds atMost);
     void forgetPaints();
 
-    // How long the program takes to answer from its event loop; nothing when it did not in that time.
+    // How long the program takes to answer from its event loop; nothing when it did not in that time, and at once when
+    // its window is gone.
     std::optional<Clock::duration> answerTime(Milliseconds atMost);
+
+    // The upper rows of the window as the screen shows them; empty when it is not to be seen.
+    std::string picture(int rows);
+
+    // As a window manager would at the user's wish; returns at once.
+    void closeWindow();
 
     // The status that waitpid() tells, once the program has ended; nothing while it still runs after this time.
     std::optional<int> ended(Milliseconds atMost);
 
+    // The process of the X server, which has to run on this machine.
+    pid_t server() const;
     // The program that start() started, 0 when it has ended; its window's size in pixels.
     pid_t pid() const { return mPid; }
     int width() const { return mWidth; }
     int height() const { return mHeight; }
 
 private:
-    // The next event of this kind, those before it dropped; nothing when none came by the deadline.
-    std::optional<XEvent> nextEvent(int type, Clock::time_point deadline);
-    void placeWindow(Window window);
+    // The next event of this kind, those before it dropped; nothing when none came by the deadline or before the
+    // window was gone.
+    std::optional<_XEvent> nextEvent(int type, Clock::time_point deadline);
+    void placeWindow(unsigned long window);
+    // Sends the window a message of its manager's, which carries the window's name.
+    void tell(const char* message);
 
-    Display* mDisplay;
-    Window mRoot;
+    _XDisplay* mDisplay;
+    unsigned long mRoot;
     int mDamageEvent = 0;
-    Window mWindow = None;
-    int mX = 0; // of the window, on the display
+    unsigned long mWindow = 0; // also when it is gone
+    int mX = 0;                // of the window, on the display
     int mY = 0;
     int mWidth = 0;
     int mHeight = 0;
