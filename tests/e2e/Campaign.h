@@ -1,32 +1,14 @@
 #pragma once
 
+#include "Dice.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 #include <string>
 #include <unistd.h>
-
-// What a campaign's cases are made of; the same on every machine.
-class Dice
-{
-public:
-    explicit Dice(std::seed_seq&& seed) : mEngine(seed) {}
-
-    // 0 to `limit` - 1.
-    int below(size_t limit) { return static_cast<int>(mEngine() % limit); }
-    bool oneIn(int chances) { return below(static_cast<size_t>(chances)) == 0; }
-    template <class List>
-    const auto& oneOf(const List& list)
-    {
-        return *(std::begin(list) + below(std::size(list)));
-    }
-
-private:
-    std::mt19937 mEngine;
-};
 
 inline int campaignSetting(const char* name, int otherwise)
 {
@@ -50,7 +32,7 @@ void runCampaign(int few, int all, unsigned limit, Test test)
         SCOPED_TRACE(name);
         std::fprintf(stderr, "%s\n", name.c_str());
         alarm(limit);
-        Dice dice({seed, number});
+        Dice dice(static_cast<uint64_t>(seed), static_cast<uint64_t>(number));
         test(dice);
     }
     alarm(0);

@@ -252,7 +252,7 @@ void damage(Dice& dice, std::string& file)
 Files damagedStoreAt(const std::string& path, Dice& dice)
 {
     static const std::vector<Files> sound = soundFiles();
-    Files files = dice.oneOf(sound);
+    Files files = dice.pick(sound);
     damage(dice, std::next(files.begin(), dice.below(files.size()))->second);
     for (const auto& [companion, content] : files)
         std::ofstream(path + companion, std::ios::binary) << content;

@@ -72,7 +72,7 @@ const std::string names[] = {
 
 const std::string& anyText(Dice& dice)
 {
-    return dice.oneIn(10) ? dice.oneOf(longTexts) : dice.oneOf(shortTexts);
+    return dice.oneIn(10) ? dice.pick(longTexts) : dice.pick(shortTexts);
 }
 
 const int numbers[] = {INT_MIN, -1, 0, 1, 2, 3, 4, INT_MAX};
@@ -84,8 +84,8 @@ const int rarities[] = {1, 3, 10, 50};
 std::string childList(Dice& dice)
 {
     std::string list;
-    for (size_t left = dice.oneOf(sizes); left > 0; --left)
-        list += dice.oneOf(names) + (dice.oneIn(2) ? "," : " , ");
+    for (size_t left = dice.pick(sizes); left > 0; --left)
+        list += dice.pick(names) + (dice.oneIn(2) ? "," : " , ");
     return list;
 }
 
@@ -94,10 +94,10 @@ SettingValue anyValue(Dice& dice, const OperatorPack::Setting& setting)
     if (setting.key.ends_with("ChildIDs") && !dice.oneIn(10))
         return childList(dice);
     if (setting.key == MenuSettings::enabledModeKey)
-        return dice.oneOf(shortTexts); // every line reads it
+        return dice.pick(shortTexts); // every line reads it
     switch (dice.oneIn(20) ? static_cast<size_t>(dice.below(3)) : setting.value.index()) {
     case 0:
-        return dice.oneOf(numbers);
+        return dice.pick(numbers);
     case 1:
         return !dice.oneIn(10);
     default:
@@ -109,7 +109,7 @@ SettingValue anyValue(Dice& dice, const OperatorPack::Setting& setting)
 OperatorPack anyPack(Dice& dice)
 {
     OperatorPack pack = OperatorPack::builtIn();
-    const int rarity = dice.oneOf(rarities);
+    const int rarity = dice.pick(rarities);
     std::erase_if(pack.settings, [&](const auto&) { return dice.oneIn(rarity * 20); });
     for (OperatorPack::Setting& setting : pack.settings) {
         if (dice.oneIn(rarity))
@@ -119,8 +119,8 @@ OperatorPack anyPack(Dice& dice)
         if (dice.oneIn(rarity))
             value = anyText(dice);
     }
-    pack.channels->resize(dice.oneOf(sizes));
-    pack.profiles->resize(dice.oneOf(sizes));
+    pack.channels->resize(dice.pick(sizes));
+    pack.profiles->resize(dice.pick(sizes));
     int number = 0;
     for (OperatorPack::Channel& channel : *pack.channels) {
         channel = {std::to_string(++number), anyText(dice)};

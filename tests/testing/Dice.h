@@ -4,20 +4,21 @@
 #include <cstdint>
 #include <iterator>
 
-// Random numbers that are the same on every machine. Each event of a stream has dice of its own, so that a stream can
-// be entered at any event.
+// Random numbers that are the same on every machine. Each event of a stream and each case of a campaign has dice of its
+// own, so that they can be entered at any.
 class Dice
 {
 public:
-    Dice(uint64_t seed, uint64_t event) : mState(seed << 40 ^ event) {}
+    Dice(uint64_t seed, uint64_t number) : mState(seed << 40 ^ number) {}
 
     // 0 to `limit` - 1.
-    int below(int limit) { return static_cast<int>(next() % static_cast<uint64_t>(limit)); }
+    int below(size_t limit) { return static_cast<int>(next() % limit); }
+    bool oneIn(size_t chances) { return below(chances) == 0; }
 
     template <typename Items>
     const auto& pick(const Items& items)
     {
-        return std::data(items)[below(static_cast<int>(std::size(items)))];
+        return std::data(items)[below(std::size(items))];
     }
 
 private:
