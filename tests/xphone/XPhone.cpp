@@ -55,6 +55,7 @@ XPhone::~XPhone()
 bool XPhone::start(const std::vector<std::string>& command)
 {
     XSync(mDisplay, True);
+    mWindow = None;
     std::vector<char*> arguments;
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
@@ -72,7 +73,32 @@ std::optional<XPhone::Clock::time_point> XPhone::firstPaint(Milliseconds atMost)
         return {};
     const auto painted = Clock::now();
     placeWindow(shown->xmap.window);
+    giveKeys();
     return painted;
+}
+
+std::optional<XPhone::Clock::time_point> XPhone::finalPaint(Milliseconds rest, Milliseconds atMost)
+{
+    const auto deadline = Clock::now() + atMost;
+    if (mWindow == None) {
+        const auto shown = nextEvent(MapNotify, deadline);
+        if (!shown)
+            return {};
+        placeWindow(shown->xmap.window);
+    }
+    std::string last;
+    std::optional<Clock::time_point> changed;
+    auto painted = nextEvent(mDamageEvent + XDamageNotify, deadline);
+    while (painted && Clock::now() < deadline) {
+        const auto now = Clock::now();
+        if (const std::string seen = picture(mHeight); seen != last) {
+            last = seen;
+            changed = now;
+        }
+        painted = nextEvent(mDamageEvent + XDamageNotify, Clock::now() + rest);
+    }
+    giveKeys();
+    return painted ? std::nullopt : changed;
 }
 
 void XPhone::placeWindow(Window window)
@@ -85,6 +111,10 @@ void XPhone::placeWindow(Window window)
     mWidth = attributes.width;
     mHeight = attributes.height;
     XTranslateCoordinates(mDisplay, mWindow, mRoot, 0, 0, &mX, &mY, &child);
+}
+
+void XPhone::giveKeys()
+{
     XSetInputFocus(mDisplay, mWindow, RevertToNone, CurrentTime);
     XSync(mDisplay, False);
 }

@@ -36,6 +36,11 @@ public:
     // The number of a key, such as XK_Up, by its name, "Up".
     static unsigned long keyNamed(const std::string& name);
 
+    // Waits until the window has rested for that long and gives it the keys, the first window when none was painted
+    // yet. When the picture that it shows was first to be seen, since the start or since forgetPaints(); nothing when
+    // the window did not come to rest in that time, or nothing was painted.
+    std::optional<Clock::time_point> finalPaint(Milliseconds rest, Milliseconds atMost);
+
     // These return at once: the X server has the press, the program may not have seen it yet.
     void key(unsigned long keySym, bool down);
     void press(unsigned long keySym);
@@ -72,6 +77,7 @@ private:
     // window was gone.
     std::optional<_XEvent> nextEvent(int type, Clock::time_point deadline);
     void placeWindow(unsigned long window);
+    void giveKeys();
     // Sends the window a message of its manager's, which carries the window's name.
     void tell(const char* message);
 
