@@ -3,18 +3,20 @@
 #include "PrivateFile.h"
 #include "StatusValues.h"
 
-#include <sstream>
+#include <algorithm>
 
 namespace MemoryFile {
 
 void load(const char* path, StatusValues::State& state)
 {
-    std::istringstream lines(PrivateFile::read(path));
+    const std::string lines = PrivateFile::read(path);
+    size_t begin = 0;
     for (std::string* text : {&state.totalMemoryText, &state.freeMemoryText, &state.usedMemoryText}) {
-        std::string line;
-        if (!std::getline(lines, line))
+        if (begin >= lines.size())
             return;
-        *text = line;
+        const size_t end = std::min(lines.find('\n', begin), lines.size());
+        *text = lines.substr(begin, end - begin);
+        begin = end + 1;
     }
 }
 

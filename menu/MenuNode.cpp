@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
-#include <sstream>
 
 namespace {
 
@@ -71,9 +70,10 @@ std::vector<std::string> childNames(const std::string& list)
 {
     std::vector<std::string> names;
     // The list is read as C text: a zero character ends all of it, not only the name in which it stands.
-    std::istringstream pieces(list.c_str());
-    std::string name;
-    while (std::getline(pieces, name, ',')) {
+    const std::string_view text = list.c_str();
+    for (size_t begin = 0, end; begin < text.size(); begin = end + 1) {
+        end = std::min(text.find(',', begin), text.size());
+        std::string name(text.substr(begin, end - begin));
         trimSpaces(name.data());
         name.resize(std::strlen(name.data()));
         if (!name.empty())

@@ -13,7 +13,6 @@
 #include "Vt_EventAndStatusFacade.h"
 
 #include <QPointer>
-#include <QRegularExpression>
 #include <QThread>
 #include <QTimerEvent>
 
@@ -161,8 +160,7 @@ void ManRefreshView::showSuccessNotice()
     text = text.arg(items, 0, 10);
     text = text.arg(bytes / 1024, 0, 10);
     // The stored texts carry their line breaks as these two characters.
-    static const QRegularExpression lineBreak(QStringLiteral("\\\\n"));
-    text.replace(lineBreak, QStringLiteral("\n"));
+    text.replace(QStringLiteral("\\n"), QStringLiteral("\n"));
     UNoticeDlg notice(0, text, QString(), nullptr, nullptr, true, 0, true);
     if (runNotice(notice))
         emit finish();

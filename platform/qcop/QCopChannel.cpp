@@ -4,7 +4,7 @@
 #include "Log.h"
 #include "QCopWire.h"
 
-#include <QRegularExpression>
+#include <algorithm>
 
 namespace {
 
@@ -13,8 +13,11 @@ const Log logger("QCopChannel");
 // What D-Bus takes as an object path; it ends the connection of a program that sends anything else.
 bool isPath(const QString& channel)
 {
-    static const QRegularExpression path(QStringLiteral("\\A(/[A-Za-z0-9_]+)+\\z"));
-    return path.match(channel).hasMatch();
+    const auto isAllowed = [](QChar c) {
+        return c == u'/' || c == u'_' || (c.unicode() < 128 && c.isLetterOrNumber());
+    };
+    return channel.startsWith(u'/') && !channel.endsWith(u'/') && !channel.contains(u"//") &&
+           std::all_of(channel.begin(), channel.end(), isAllowed);
 }
 
 } // namespace

@@ -17,7 +17,7 @@ using Run = Sqlite::Statement::Run;
 struct CoreStore::Database
 {
     Sqlite::Connection connection;
-    StoreQueries queries;
+    StoreQueries queries{connection};
     bool onDisk = false;
 };
 
@@ -195,7 +195,6 @@ CoreStore::CoreStore(const std::string& path) : mDatabase(std::make_unique<Datab
     std::error_code error;
     const std::string absolute = std::filesystem::absolute(path, error).string();
     mDatabase->onDisk = StoreFile::open(absolute, mDatabase->connection);
-    mDatabase->queries.prepare(mDatabase->connection);
 }
 
 CoreStore::~CoreStore() = default;

@@ -47,6 +47,7 @@ public:
     Statement& operator=(const Statement&) = delete;
 
     int prepare(Connection& connection, const char* sql);
+    bool isPrepared() const { return mHandle; }
 
     // One run of the statement: binds every argument in order (int, bool, text, or a text that may be NULL) and
     // resets the statement at the end of its life, so that no read transaction and no lock outlives it. Texts

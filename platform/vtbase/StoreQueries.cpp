@@ -1,6 +1,6 @@
 #include "StoreQueries.h"
 
-#include <sqlite3.h>
+#include <iterator>
 
 namespace {
 
@@ -31,10 +31,10 @@ static_assert(std::size(texts) == StoreQueries::Count);
 
 } // namespace
 
-int StoreQueries::prepare(Sqlite::Connection& connection)
+Sqlite::Statement& StoreQueries::operator[](Name name)
 {
-    int result = SQLITE_OK;
-    for (int name = 0; name < Count && result == SQLITE_OK; ++name)
-        result = mStatements[name].prepare(connection, texts[name]);
-    return result;
+    Sqlite::Statement& statement = mStatements[name];
+    if (!statement.isPrepared())
+        statement.prepare(mConnection, texts[name]);
+    return statement;
 }

@@ -4,7 +4,7 @@
 
 #include <array>
 
-// The store's everyday statements, prepared once.
+// The store's everyday statements. Each is prepared when it is first asked for: a menu that opens needs only two.
 class StoreQueries
 {
 public:
@@ -30,11 +30,13 @@ public:
         Count
     };
 
-    // SQLite's result code.
-    int prepare(Sqlite::Connection& connection);
+    // The connection has to outlive this.
+    explicit StoreQueries(Sqlite::Connection& connection) : mConnection(connection) {}
 
-    Sqlite::Statement& operator[](Name name) { return mStatements[name]; }
+    // Every run of a statement that can't be prepared fails.
+    Sqlite::Statement& operator[](Name name);
 
 private:
+    Sqlite::Connection& mConnection;
     std::array<Sqlite::Statement, Count> mStatements;
 };
