@@ -88,35 +88,33 @@ bool end(XPhone& phone)
 
 } // namespace
 
-bool measureRun(const std::string& program, ProgramFigures& figures)
+bool measureRun(const std::string& program, Figures& figures)
 {
     XPhone phone;
     const auto started = XPhone::Clock::now();
-    if (!phone.start({program}))
-        return failed(program, "does not start");
-    const auto painted = phone.finalPaint(startRest, patience);
+    const auto painted = phone.start({program}) ? phone.finalPaint(startRest, patience) : std::nullopt;
     if (!painted)
-        return failed(program, "paints no window");
-    figures.startMs = inMs(*painted - started);
-    figures.cpuMs = cpuMs(phone.pid());
+        return failed(program, "shows no window");
+    figures["start"] = inMs(*painted - started);
+    figures["cpu"] = cpuMs(phone.pid());
     std::this_thread::sleep_for(std::chrono::seconds(1));
     const std::string memory = "/proc/" + std::to_string(phone.pid()) + "/smaps_rollup";
-    figures.pssMb = sumOf(memory, {"Pss:"}) / 1024;
-    figures.ussMb = sumOf(memory, {"Private_Clean:", "Private_Dirty:"}) / 1024;
-    if (figures.pssMb <= 0 || figures.cpuMs <= 0)
+    figures["pss"] = sumOf(memory, {"Pss:"}) / 1024;
+    figures["uss"] = sumOf(memory, {"Private_Clean:", "Private_Dirty:"}) / 1024;
+    if (figures["pss"] <= 0 || figures["cpu"] <= 0)
         return failed(program, "/proc does not tell its memory or its time");
-    if (!measureKey(phone, figures.keyMs))
+    if (!measureKey(phone, figures["key"]))
         return failed(program, "paints nothing at a key");
     return end(phone) || failed(program, "does not end well");
 }
 
-bool countWakeups(const std::string& program, int seconds, double& wakeups)
+bool measureRest(const std::string& program, int seconds, Figures& figures)
 {
     XPhone phone;
     if (!phone.start({program}) || !phone.finalPaint(longRest, patience))
         return failed(program, "does not come to rest");
     const double before = switches(phone.pid());
     std::this_thread::sleep_for(std::chrono::seconds(seconds));
-    wakeups = switches(phone.pid()) - before;
-    return before > 0 && end(phone) ? true : failed(program, "did not last its rest");
+    figures["wakeups"] = switches(phone.pid()) - before;
+    return (before > 0 && end(phone)) || failed(program, "did not last its rest");
 }

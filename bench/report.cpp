@@ -1,5 +1,5 @@
 // Measures the menu beside the floor and every library beside what it is compared with, in one run, and prints one
-// table of it:  bench_report RUNS FILE   FILE gets the table and every sample as JSON
+// table of it:  bench_report RUNS FILE   FILE gets the table as JSON
 
 #include "ProgramRun.h"
 
@@ -59,16 +59,10 @@ double median(QList<double> values)
     return values.size() % 2 ? values[half] : (values[half - 1] + values[half]) / 2;
 }
 
-bool isKept(const Aim& aim, double base, double ours)
+// What is the most that keeps the aim.
+double most(const Aim& aim, double base)
 {
-    switch (aim.kind) {
-    case Aim::Ratio:
-        return ours <= aim.limit * base;
-    case Aim::More:
-        return ours <= base + aim.limit;
-    default:
-        return ours <= aim.limit;
-    }
+    return aim.kind == Aim::Ratio ? aim.limit * base : aim.kind == Aim::More ? base + aim.limit : aim.limit;
 }
 
 QString aimText(const Aim& aim)
@@ -92,51 +86,35 @@ QJsonObject compare(const Row& row, const Samples& samples)
     if (base > 0)
         result["ratio"] = ours / base;
     if (row.aim.kind != Aim::None)
-        result["kept"] = isKept(row.aim, base, ours);
+        result["verdict"] = ours <= most(row.aim, base) ? "kept" : "missed";
     return result;
 }
 
 QString line(const QJsonObject& row)
 {
-    const QJsonValue kept = row["kept"];
     return QStringLiteral("| %1 | %2 | %3 | %4 | %5 | %6 |")
         .arg(row["name"].toString(), -27)
         .arg(number(row["base"].toDouble()), 8)
         .arg(number(row["ours"].toDouble()), 8)
         .arg(row.contains("ratio") ? number(row["ratio"].toDouble()) : QString(), 5)
         .arg(row["aim"].toString(), 6)
-        .arg(QLatin1String(kept.isUndefined() ? ""
-                           : kept.toBool()    ? "kept"
-                                              : "missed"),
-             -6);
+        .arg(row["verdict"].toString(), -6);
 }
 
-// One run of each program warms the caches and makes the settings store; then they take turns.
+// A first run of each program warms the caches and makes the settings store; then they take turns.
 bool measurePrograms(int runs, Samples& samples)
 {
-    const QString folder = QCoreApplication::applicationDirPath();
-    const std::string programs[][2] = {{"floor ", (folder + "/bench_floor").toStdString()},
-                                       {"menu ", (folder + "/vistane-menu").toStdString()}};
-    for (int run = -1; run <= runs; ++run) {
+    const std::string folder = QCoreApplication::applicationDirPath().toStdString();
+    const std::pair<QString, std::string> programs[] = {{"floor ", folder + "/bench_floor"},
+                                                        {"menu ", folder + "/vistane-menu"}};
+    for (int run = 0; run <= runs + 1; ++run) {
         for (const auto& [name, program] : programs) {
-            const auto add = [&samples, prefix = QString::fromStdString(name)](const char* what, double value) {
-                samples[prefix + QLatin1String(what)].append(value);
-            };
-            ProgramFigures figures;
-            if (run == runs) {
-                double wakeups;
-                if (!countWakeups(program, restSeconds, wakeups))
-                    return false;
-                add("wakeups", wakeups);
-            } else if (!measureRun(program, figures)) {
+            Figures figures;
+            if (!(run <= runs ? measureRun(program, figures) : measureRest(program, restSeconds, figures)))
                 return false;
-            } else if (run >= 0) {
-                add("start", figures.startMs);
-                add("cpu", figures.cpuMs);
-                add("pss", figures.pssMb);
-                add("uss", figures.ussMb);
-                add("key", figures.keyMs);
-            }
+            for (const auto& [figure, value] : figures)
+                if (run > 0)
+                    samples[name + QString::fromStdString(figure)].append(value);
         }
     }
     return true;
@@ -148,7 +126,7 @@ bool runBenchmarks(const QString& name, Samples& samples)
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(QCoreApplication::applicationDirPath() + '/' + name,
-                  {"--benchmark_format=json", "--benchmark_repetitions=7", "--benchmark_min_time=0.05",
+                  {"--benchmark_format=json", "--benchmark_repetitions=15", "--benchmark_min_time=0.05",
                    "--benchmark_enable_random_interleaving=true"});
     if (!program.waitForFinished(-1) || program.exitStatus() != QProcess::NormalExit || program.exitCode() != 0)
         return false;
@@ -189,7 +167,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "a measurement failed\n");
         return 1;
     }
-    std::printf("| median of %2d runs           |  beside |    menu | ratio |    aim |        |\n"
+    std::printf("| median of %2d runs           |   beside |     ours | ratio |    aim |        |\n"
                 "|-----------------------------|---------:|---------:|------:|-------:|--------|\n",
                 runs);
     QJsonArray table;
@@ -198,15 +176,7 @@ int main(int argc, char** argv)
         std::printf("%s\n", qPrintable(line(compared)));
         table.append(compared);
     }
-    QJsonObject all;
-    for (auto sample = samples.cbegin(); sample != samples.cend(); ++sample) {
-        QJsonArray values;
-        for (const double value : *sample)
-            values.append(value);
-        all[sample.key()] = values;
-    }
     QFile file(QString::fromLocal8Bit(argv[2]));
-    const QByteArray json =
-        QJsonDocument(QJsonObject{{"runs", runs}, {"rows", table}, {"samples", all}}).toJson();
+    const QByteArray json = QJsonDocument(QJsonObject{{"runs", runs}, {"rows", table}}).toJson();
     return file.open(QFile::WriteOnly) && file.write(json) == json.size() ? 0 : 1;
 }
