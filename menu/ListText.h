@@ -20,7 +20,7 @@ inline bool isDisabled(const std::string& choice)
     return choice.starts_with(disabledMark);
 }
 
-// A name as one line: the store's cut to 16 bits can make a line feed of another character, which would count
+// A name as one line: the phone's characters of 16 bits can make a line feed of another character, which would count
 // as a line more.
 inline std::string oneLine(std::string name)
 {

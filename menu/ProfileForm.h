@@ -2,8 +2,8 @@
 
 #include "ApiOptionForm.h"
 
-// The operator profile under which the service runs. Every choice is confirmed first; once one is made, this
-// form and all others are disabled.
+// The operator profile under which the service runs. A choice in the dialog is confirmed first; once one is made, this
+// entry, the other forms and the page of details are disabled.
 class ProfileForm : public ApiOptionForm
 {
 public:

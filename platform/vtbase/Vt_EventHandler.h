@@ -14,6 +14,6 @@ public:
     Vt_EventHandler(const Vt_EventHandler&) = delete;
     Vt_EventHandler& operator=(const Vt_EventHandler&) = delete;
 
-    // Called from the event loop for each event of a subscribed name.
+    // Called from the event loop for each event of a subscribed name, never inside sendEvent().
     virtual void handleEvent(const Vt_Event& event) = 0;
 };
