@@ -42,7 +42,7 @@ UPopup::UPopup(const QString& caption, QWidget* parent, const char* name, bool /
 
 UPopup::~UPopup()
 {
-    close(false);
+    UPopup::close(false);
 }
 
 void UPopup::show()
