@@ -1,5 +1,5 @@
-// Measures the menu beside the floor and every library beside what it is compared with, in one run, and prints one
-// table of it:  bench_report RUNS FILE   FILE gets the table as JSON
+// Measures the menu beside the floor and its parts beside their yardsticks, in one run, and prints one table of it:
+// bench_report RUNS FILE   FILE gets the table as JSON
 
 #include "ProgramRun.h"
 
@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int restSeconds = 30;
+constexpr int restSeconds = 30; // as the row of the wakeups says
 
 // By the name of what was measured: "floor start", "menu start", or what a benchmark is called.
 using Samples = QMap<QString, QList<double>>;
@@ -30,8 +30,8 @@ struct Aim
 struct Row
 {
     const char* name;
-    const char* base; // what it is compared with, as in Samples, and how often that counts
-    double times;
+    const char* base; // what it is compared with, as in Samples
+    double times;     // how often that counts
     const char* ours;
     Aim aim;
 };
@@ -101,7 +101,7 @@ QString line(const QJsonObject& row)
         .arg(row["verdict"].toString(), -6);
 }
 
-// A first run of each program warms the caches and makes the settings store; then they take turns.
+// The first turn warms the caches and makes the settings store, the last one measures the rest, too.
 bool measurePrograms(int runs, Samples& samples)
 {
     const std::string folder = QCoreApplication::applicationDirPath().toStdString();
@@ -121,13 +121,13 @@ bool measurePrograms(int runs, Samples& samples)
 }
 
 // Processor time, so that it does not matter who else is at work; in microseconds.
-bool runBenchmarks(const QString& name, Samples& samples)
+bool runBenchmarks(const QString& name, int runs, Samples& samples)
 {
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(QCoreApplication::applicationDirPath() + '/' + name,
-                  {"--benchmark_format=json", "--benchmark_repetitions=15", "--benchmark_min_time=0.05",
-                   "--benchmark_enable_random_interleaving=true"});
+                  {"--benchmark_format=json", "--benchmark_repetitions=" + QString::number(runs),
+                   "--benchmark_min_time=0.05", "--benchmark_enable_random_interleaving=true"});
     if (!program.waitForFinished(-1) || program.exitStatus() != QProcess::NormalExit || program.exitCode() != 0)
         return false;
     const QByteArray output = program.readAllStandardOutput();
@@ -144,8 +144,8 @@ bool runBenchmarks(const QString& name, Samples& samples)
 
 bool measureAll(int runs, Samples& samples)
 {
-    if (!measurePrograms(runs, samples) || !runBenchmarks("bench_menu", samples) ||
-        !runBenchmarks("bench_links", samples))
+    if (!measurePrograms(runs, samples) || !runBenchmarks("bench_menu", runs, samples) ||
+        !runBenchmarks("bench_links", runs, samples))
         return false;
     return std::all_of(std::begin(rows), std::end(rows), [&](const Row& row) {
         return samples.contains(QLatin1String(row.base)) && samples.contains(QLatin1String(row.ours));

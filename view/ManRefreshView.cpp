@@ -248,8 +248,8 @@ void ManRefreshView::startRefresh()
     // The dialog that was answered must not stand there for as long as nothing answers.
     PhoneScreen::instance()->repaint();
     QThread::sleep(retryPause);
-    // Nor must a key that was pressed meanwhile answer the dialog that is to come.
-    PhoneScreen::instance()->dropTypedAhead();
+    // Nor must a key or a tap of that time answer the dialog that is to come.
+    PhoneScreen::instance()->dropEarlyInput();
     send(event);
 }
 

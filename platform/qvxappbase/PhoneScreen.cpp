@@ -87,9 +87,7 @@ void PhoneScreen::put(QWidget* layer, Layer kind)
 
 void PhoneScreen::take(QWidget* layer)
 {
-    const qsizetype before = mLayers.size();
-    mLayers.removeIf([layer](const Entry& entry) { return entry.widget == layer; });
-    if (mLayers.size() == before)
+    if (mLayers.removeIf([layer](const Entry& entry) { return entry.widget == layer; }) == 0)
         return;
     arrange();
     layer->hide();
@@ -109,7 +107,7 @@ bool PhoneScreen::isReleasedNow(const QKeyEvent& press) const
            press.timestamp() == mReleasedAt;
 }
 
-void PhoneScreen::dropTypedAhead()
+void PhoneScreen::dropEarlyInput()
 {
     mDropsInput = true;
     QTimer::singleShot(catchUpTime, this, [this] { mDropsInput = false; });
@@ -137,7 +135,7 @@ bool PhoneScreen::eventFilter(QObject* /*window*/, QEvent* event)
 }
 
 // The phone takes one key at a time: of two that are pressed together, the second one must not answer what the first
-// one brought up.
+// one brought up. Notes the first one, so this is to be asked once for every press.
 bool PhoneScreen::isBesideAnother(const QKeyEvent& press)
 {
     if (press.isAutoRepeat() || !(PhoneKeys::softKey(press) || PhoneKeys::isSelect(press)))

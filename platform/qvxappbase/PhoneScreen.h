@@ -33,7 +33,7 @@ public:
 
     // Takes no tap, and of the keys only the red one, until the event loop has caught up: what a person did while
     // the program was busy was meant for what was on the screen before.
-    void dropTypedAhead();
+    void dropEarlyInput();
 
     // Whether the keyboard released this key at the very moment of its press.
     bool isReleasedNow(const QKeyEvent& press) const;
@@ -59,6 +59,6 @@ private:
     QList<Entry> mLayers;      // bottom to top
     quint32 mReleasedCode = 0; // of the key that was released last
     quint64 mReleasedAt = 0;
-    quint32 mDownCode = 0; // of the key that is held and has answered what was on the screen
+    quint32 mDownCode = 0; // of the soft key or select key that was pressed first, until a key is released
     bool mDropsInput = false;
 };

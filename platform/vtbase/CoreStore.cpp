@@ -152,17 +152,25 @@ OperatorPack::Profile readProfile(const Run& row)
     return {std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0};
 }
 
-// Changes the profiles by `change`, which returns a status, and leaves one in force when one can be chosen.
-template <typename Change>
-int changeProfiles(Sqlite::Connection& connection, Change change)
+// Runs `work`, which returns a status: all of it happens, or nothing.
+template <typename Work>
+int inTransaction(Sqlite::Connection& connection, Work work)
 {
     StoreTransaction transaction(connection);
     int status = writeStatus(transaction.result());
     if (status == STORE_OK)
-        status = change();
-    if (status == STORE_OK)
-        status = writeStatus(StoreSchema::putProfileInForce(connection));
+        status = work();
     return status == STORE_OK ? writeStatus(transaction.commit()) : status;
+}
+
+// Changes the profiles by `change`, which returns a status, and leaves one in force when one can be chosen.
+template <typename Change>
+int changeProfiles(Sqlite::Connection& connection, Change change)
+{
+    return inTransaction(connection, [&] {
+        const int status = change();
+        return status == STORE_OK ? writeStatus(StoreSchema::putProfileInForce(connection)) : status;
+    });
 }
 
 // Hands over what was read, unless the reading failed.
@@ -237,20 +245,15 @@ int CoreStore::list(std::vector<Listed>& settings)
 
 int CoreStore::installPack(const OperatorPack& pack)
 {
-    StoreTransaction transaction(mDatabase->connection);
-    int result = transaction.result();
-    if (result == SQLITE_OK)
-        result = StoreSchema::writePack(mDatabase->connection, pack);
-    if (result == SQLITE_OK)
-        result = transaction.commit();
-    return writeStatus(result);
+    Sqlite::Connection& connection = mDatabase->connection;
+    return inTransaction(connection, [&] { return writeStatus(StoreSchema::writePack(connection, pack)); });
 }
 
 int CoreStore::exportPack(OperatorPack& pack)
 {
     // All of it as of one moment, whatever another process writes meanwhile.
-    if (const int result = mDatabase->connection.execute("BEGIN"); result != SQLITE_OK)
-        return readStatus(result);
+    if (const int begun = mDatabase->connection.execute("BEGIN"); begun != SQLITE_OK)
+        return readStatus(begun);
     OperatorPack result;
     int status = forEachRow(mDatabase->queries[StoreQueries::ListPack],
                             [&](const Run& row) { result.settings.push_back(readSetting(row)); });

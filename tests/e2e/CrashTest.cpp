@@ -4,8 +4,10 @@
 #include "EntryRegistry.h"
 #include "HostBus.h"
 #include "LogCapture.h"
+#include "MenuChannel.h"
 #include "NodeAdapter.h"
 #include "QCopChannel.h"
+#include "SettingGroups.h"
 #include "Sqlite.h"
 
 #include <QProcess>
@@ -26,8 +28,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int menu = 5;
 
 std::string contentOf(const std::string& path)
 {
@@ -92,7 +92,7 @@ private:
         CoreStore store(path);
         for (;; ++number) {
             const int status = isPack(number) ? store.installPack(packOf(std::to_string(number)))
-                                              : store.write(menu, key(number), text(number));
+                                              : store.write(GROUP_MENU, key(number), text(number));
             if (status != STORE_OK)
                 return status;
             if (::write(mPipe[1], &number, sizeof number) != sizeof number)
@@ -103,7 +103,8 @@ private:
     // Its parts say the same, so that half of one shows.
     static OperatorPack packOf(const std::string& text)
     {
-        return {{{menu, "first", text}, {menu, "last", text}}, {{"model", text}}, {{{text, text}}}, {}};
+        return {
+            {{GROUP_MENU, "first", text}, {GROUP_MENU, "last", text}}, {{"model", text}}, {{{text, text}}}, {}};
     }
 
     int mPipe[2] = {};
@@ -140,7 +141,7 @@ void expectWritten(CoreStore& store, const std::vector<int>& numbers)
         SettingValue value;
         if (Writer::isPack(number))
             continue; // a later one took its place
-        ASSERT_EQ(store.read(menu, Writer::key(number), value), STORE_OK) << number;
+        ASSERT_EQ(store.read(GROUP_MENU, Writer::key(number), value), STORE_OK) << number;
         ASSERT_EQ(value, SettingValue(Writer::text(number))) << number;
     }
 }
@@ -221,7 +222,7 @@ std::vector<Files> soundFiles()
     const std::string path = dir.filePath("core.db").toStdString();
     const auto writeTo = [](CoreStore& store, int count) {
         for (int number = 0; number < count; ++number)
-            EXPECT_EQ(store.write(menu, Writer::key(number), Writer::text(number)), STORE_OK);
+            EXPECT_EQ(store.write(GROUP_MENU, Writer::key(number), Writer::text(number)), STORE_OK);
     };
     std::optional<CoreStore> store(path);
     writeTo(*store, 5);
@@ -259,7 +260,8 @@ Files damagedStoreAt(const std::string& path, Dice& dice)
     return files;
 }
 
-// Starts as the program does, up to the menu. 0 when that can be used, or the log says what is wrong.
+// Starts as the program does, up to the menu. 0 when that can be used, and a store that was set aside is named in the
+// log and took a new one's place that can be written.
 int startMenu(const std::string& path)
 {
     const LogCapture log;
@@ -271,7 +273,7 @@ int startMenu(const std::string& path)
     const bool isUsable = std::count(texts.begin(), texts.end(), '\n') > 6;
     if (fs::exists(path + ".set-aside-1"))
         return !isUsable || log.text().find("kept as ") == std::string::npos ||
-               store.write(menu, "mine", 1) != STORE_OK;
+               store.write(GROUP_MENU, "mine", 1) != STORE_OK;
     return !isUsable && log.text().find("failed") == std::string::npos;
 }
 
@@ -312,7 +314,7 @@ TEST(Crash, TheProgramStartsOnADamagedStore)
             return contentOf(log).find("cannot get IMSI") != std::string::npos;
         };
         while (!program.waitForFinished(100) && !waitsForIdentity()) {
-            EXPECT_TRUE(QCopChannel::send("/Vistane/MenuListener", ""));
+            EXPECT_TRUE(QCopChannel::send(menuChannel, ""));
             HostBus::flush();
         }
         if (waitsForIdentity())

@@ -81,8 +81,8 @@ bool isAtRoot(Life& life)
 // Some keys stay down.
 std::string pressKey(Life& life, Dice& dice)
 {
-    const bool back = dice.below(8) == 0;
-    const bool hold = dice.below(30) == 0;
+    const bool back = dice.oneIn(8);
+    const bool hold = dice.oneIn(30);
     const std::string name = back ? dice.pick(backKeys) : dice.pick(keys);
     if (back && isAtRoot(life))
         return "-";

@@ -31,8 +31,8 @@ void report(long events, XPhone::Clock::time_point began, const Measures& measur
 } // namespace
 
 // monkey GROWTH-KB SEED COUNT [FIRST]: events FIRST to FIRST + COUNT - 1 of a stream, against vistane-menu in $PATH, on
-// the store and with the log file of the environment. What an event is depends only on SEED and its number, so the
-// life in which a fault was seen can be had again alone, from its first event on.
+// the store and with the log file of the environment. Every event and every life has dice of its own, so the life in
+// which a fault was seen can be had again alone, from its first event on.
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
@@ -55,7 +55,7 @@ int main(int argc, char** argv)
         Life life(phone, measures, growthLimit);
         while (!life.isOver()) {
             Dice dice(seed, static_cast<uint64_t>(event));
-            const bool ending = event >= end || wornOut || dice.below(length) == 0;
+            const bool ending = event >= end || wornOut || dice.oneIn(static_cast<size_t>(length));
             last.push_back(std::to_string(event) + ' ' +
                            (ending ? Stream::askToEnd(life, dice) : Stream::happen(life, dice)));
             if (last.size() > eventsToTell)

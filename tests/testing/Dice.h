@@ -5,7 +5,7 @@
 #include <iterator>
 
 // Random numbers that are the same on every machine. Each event of a stream and each case of a campaign has dice of its
-// own, so that they can be entered at any.
+// own, so that one can begin at any of them.
 class Dice
 {
 public:

@@ -65,16 +65,15 @@ bool XPhone::start(const std::vector<std::string>& command)
     return mPid != 0;
 }
 
-std::optional<XPhone::Clock::time_point> XPhone::firstPaint(Milliseconds atMost)
+bool XPhone::firstPaint(Milliseconds atMost)
 {
     const auto deadline = Clock::now() + atMost;
     const auto shown = nextEvent(MapNotify, deadline);
     if (!shown || !nextEvent(mDamageEvent + XDamageNotify, deadline))
-        return {};
-    const auto painted = Clock::now();
+        return false;
     placeWindow(shown->xmap.window);
     giveKeys();
-    return painted;
+    return true;
 }
 
 std::optional<XPhone::Clock::time_point> XPhone::finalPaint(Milliseconds rest, Milliseconds atMost)
@@ -146,13 +145,6 @@ void XPhone::moveTo(int x, int y)
 {
     XTestFakeMotionEvent(mDisplay, -1, mX + x, mY + y, CurrentTime);
     XFlush(mDisplay);
-}
-
-std::optional<XPhone::Clock::time_point> XPhone::nextPaint(Milliseconds atMost)
-{
-    if (!nextEvent(mDamageEvent + XDamageNotify, Clock::now() + atMost))
-        return {};
-    return Clock::now();
 }
 
 void XPhone::forgetPaints()

@@ -29,18 +29,17 @@ public:
     // Starts a program, found along $PATH, with this process's environment; false when there is none. One at a time:
     // the one before has to have ended, as ended() says.
     bool start(const std::vector<std::string>& command);
-    // Waits until the program has painted its first window and gives it the keys. When it was painted; nothing when it
-    // was not in that time.
-    std::optional<Clock::time_point> firstPaint(Milliseconds atMost);
-
-    // The number of a key, such as XK_Up, by its name, "Up".
-    static unsigned long keyNamed(const std::string& name);
+    // Waits until the program has painted its first window and gives it the keys; false when it was not painted in that
+    // time.
+    bool firstPaint(Milliseconds atMost);
 
     // Waits until the window has rested for that long and gives it the keys, the first window when none was painted
     // yet. When the picture that it shows was first to be seen, since the start or since forgetPaints(); nothing when
     // the window did not come to rest in that time, or nothing was painted.
     std::optional<Clock::time_point> finalPaint(Milliseconds rest, Milliseconds atMost);
 
+    // The number of a key, such as XK_Up, by its name, "Up".
+    static unsigned long keyNamed(const std::string& name);
     // These return at once: the X server has the press, the program may not have seen it yet.
     void key(unsigned long keySym, bool down);
     void press(unsigned long keySym);
@@ -48,8 +47,7 @@ public:
     // To a place in the window, in pixels.
     void moveTo(int x, int y);
 
-    // When something was painted after forgetPaints(); nothing when nothing was in that time.
-    std::optional<Clock::time_point> nextPaint(Milliseconds atMost);
+    // finalPaint() then tells only of what is painted from now on.
     void forgetPaints();
 
     // How long the program takes to answer from its event loop; nothing when it did not in that time, and at once when

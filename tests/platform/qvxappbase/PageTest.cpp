@@ -91,7 +91,7 @@ TEST(Page, WhatWasTypedAheadIsDroppedButForTheRedKey)
         QTest::mouseClick(PhoneScreen::instance()->windowHandle(), Qt::LeftButton, {},
                           {20, page.height() - 10});
     };
-    PhoneScreen::instance()->dropTypedAhead();
+    PhoneScreen::instance()->dropEarlyInput();
     pressAndTap();
     EXPECT_EQ(page.pressed.size(), 0);
     EXPECT_EQ(idle.size(), 1);
