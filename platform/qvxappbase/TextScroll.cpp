@@ -11,11 +11,16 @@
 TextScroll::TextScroll(const QString& text, QWidget* parent)
     : QScrollArea(parent), mBlock(new TextBlock(text, Look::font(Look::Text::Body), Look::text, this))
 {
-    setWidget(mBlock);
-    setWidgetResizable(true);
+    // As wide from the start as they will be, so that a long text is broken into lines only once.
+    const QSize screen = PhoneScreen::instance()->size();
+    resize(screen);
+    viewport()->resize(screen);
+    mBlock->resize(screen);
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    setWidget(mBlock);
     new ScrollMark(this);
     new FingerScroll(this, 1);
     verticalScrollBar()->setSingleStep(QFontMetrics(Look::font(Look::Text::Body)).height());
