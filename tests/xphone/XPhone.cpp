@@ -68,10 +68,8 @@ bool XPhone::start(const std::vector<std::string>& command)
 bool XPhone::firstPaint(Milliseconds atMost)
 {
     const auto deadline = Clock::now() + atMost;
-    const auto shown = nextEvent(MapNotify, deadline);
-    if (!shown || !nextEvent(mDamageEvent + XDamageNotify, deadline))
+    if (!findWindow(deadline) || !nextEvent(mDamageEvent + XDamageNotify, deadline))
         return false;
-    placeWindow(shown->xmap.window);
     giveKeys();
     return true;
 }
@@ -79,12 +77,8 @@ bool XPhone::firstPaint(Milliseconds atMost)
 std::optional<XPhone::Clock::time_point> XPhone::finalPaint(Milliseconds rest, Milliseconds atMost)
 {
     const auto deadline = Clock::now() + atMost;
-    if (mWindow == None) {
-        const auto shown = nextEvent(MapNotify, deadline);
-        if (!shown)
-            return {};
-        placeWindow(shown->xmap.window);
-    }
+    if (mWindow == None && !findWindow(deadline))
+        return {};
     std::string last;
     std::optional<Clock::time_point> changed;
     auto painted = nextEvent(mDamageEvent + XDamageNotify, deadline);
@@ -100,16 +94,18 @@ std::optional<XPhone::Clock::time_point> XPhone::finalPaint(Milliseconds rest, M
     return painted ? std::nullopt : changed;
 }
 
-void XPhone::placeWindow(Window window)
+bool XPhone::findWindow(Clock::time_point deadline)
 {
-    mWindow = window;
+    const auto shown = nextEvent(MapNotify, deadline);
     XWindowAttributes attributes;
     Window child;
-    if (!XGetWindowAttributes(mDisplay, mWindow, &attributes))
-        return;
+    if (!shown || !XGetWindowAttributes(mDisplay, shown->xmap.window, &attributes))
+        return false;
+    mWindow = shown->xmap.window;
     mWidth = attributes.width;
     mHeight = attributes.height;
     XTranslateCoordinates(mDisplay, mWindow, mRoot, 0, 0, &mX, &mY, &child);
+    return true;
 }
 
 void XPhone::giveKeys()

@@ -74,7 +74,8 @@ private:
     // The next event of this kind, those before it dropped; nothing when none came by the deadline or before the
     // window was gone.
     std::optional<_XEvent> nextEvent(int type, Clock::time_point deadline);
-    void placeWindow(unsigned long window);
+    // Waits for the program's window and notes where it is.
+    bool findWindow(Clock::time_point deadline);
     void giveKeys();
     // Sends the window a message of its manager's, which carries the window's name.
     void tell(const char* message);
