@@ -19,6 +19,7 @@ Tool::Tool()
 {
     mApp.require_subcommand(1);
     mApp.fallthrough();
+    mApp.set_version_flag("--version", "vistanectl " VISTANE_VERSION, "Print the version and exit");
     mApp.add_flag("--json", mJson, "Print results as JSON");
     mApp.failure_message([](const CLI::App*, const CLI::Error& error) {
         return "vistanectl: " + Output::escaped(error.what()) + "; --help tells more\n";
