@@ -1,5 +1,6 @@
 #include "UApplication.h"
 
+#include "Fonts.h"
 #include "HostBus.h"
 #include "Log.h"
 #include "Look.h"
@@ -19,6 +20,7 @@ const Log logger("UApplication");
 int& withoutDesktopTheme(int& argc)
 {
     QApplication::setDesktopSettingsAware(false);
+    Fonts::configure();
     return argc;
 }
 

@@ -1,0 +1,60 @@
+#include "Fonts.h"
+
+#include <fontconfig/fontconfig.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+// The font that `config` has for a pattern, and how it wants it drawn.
+std::string answer(FcConfig* config, const std::string& name)
+{
+    FcPattern* pattern = FcNameParse(reinterpret_cast<const FcChar8*>(name.c_str()));
+    FcConfigSubstitute(config, pattern, FcMatchPattern);
+    FcDefaultSubstitute(pattern);
+    FcResult result = FcResultNoMatch;
+    FcPattern* match = FcFontMatch(config, pattern, &result);
+    FcPatternDestroy(pattern);
+    if (!match)
+        return "none";
+    FcChar8* text = FcPatternFormat(match, reinterpret_cast<const FcChar8*>(
+                                               "%{file} %{index} %{weight} %{embolden} %{antialias} %{hinting} "
+                                               "%{hintstyle} %{autohint} %{rgba} %{lcdfilter} %{pixelsize}"));
+    const std::string found = reinterpret_cast<const char*>(text);
+    FcStrFree(text);
+    FcPatternDestroy(match);
+    return found;
+}
+
+class FontsTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { FcConfigSetCurrent(mSystem); }
+    void TearDown() override { FcConfigDestroy(mSystem); }
+
+    FcConfig* mSystem = FcInitLoadConfigAndFonts();
+};
+
+} // namespace
+
+TEST_F(FontsTest, AreTheSystemsAndDrawnAsItWants)
+{
+    Fonts::configure();
+    FcConfig* ours = FcConfigGetCurrent();
+    ASSERT_NE(ours, mSystem);
+    for (const char* name : {"Sans Serif:pixelsize=15", "Sans Serif:pixelsize=13:bold", "sans-serif:lang=ar",
+                             "Sans Serif:lang=zh-cn", "Sans Serif:lang=hi:bold"})
+        EXPECT_EQ(answer(ours, name), answer(mSystem, name)) << name;
+}
+
+TEST_F(FontsTest, WhoNamesAConfigurationGetsIt)
+{
+    for (const char* variable : {"FONTCONFIG_FILE", "FONTCONFIG_PATH", "FONTCONFIG_SYSROOT"}) {
+        setenv(variable, "/nowhere", 1);
+        Fonts::configure();
+        unsetenv(variable);
+        EXPECT_EQ(FcConfigGetCurrent(), mSystem) << variable;
+    }
+}
