@@ -25,6 +25,7 @@ phone_begin() {
     export XDG_RUNTIME_DIR=$phone_dir
     unset WAYLAND_DISPLAY QT_QPA_PLATFORM
     export PATH=$programs:$PATH
+    vistanectl scene load "$(dirname "${BASH_SOURCE[0]}")/../share/scenes/demo.json"
 
     mkfifo "$phone_dir/display"
     Xvfb -displayfd 3 -screen 0 1280x1280x24 -nolisten tcp -noreset 3>"$phone_dir/display" 2>/dev/null &

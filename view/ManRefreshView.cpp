@@ -13,6 +13,7 @@
 #include "Vt_EventAndStatusFacade.h"
 
 #include <QPointer>
+#include <QRegularExpression>
 #include <QThread>
 #include <QTimerEvent>
 
@@ -29,6 +30,13 @@ constexpr size_t maxNotices = 8;
 QString menuText(const char* key)
 {
     return QString::fromUtf8(getStringSetting(GROUP_MENU, key));
+}
+
+// Fills the placeholder with the smallest number. An operator's text may have none, of which Qt would complain.
+QString filled(const QString& text, int value)
+{
+    static const QRegularExpression placeholder(QStringLiteral("%L?[0-9]"));
+    return text.contains(placeholder) ? text.arg(value, 0, 10) : text;
 }
 
 void send(const Vt_Event& event)
@@ -156,9 +164,7 @@ void ManRefreshView::showSuccessNotice()
 {
     const int items = getIntSetting(GROUP_DCD, "RuntimeValues.ItemsDownloaded");
     const int bytes = getIntSetting(GROUP_DCD, "RuntimeValues.BytesDownloaded");
-    QString text = menuText("ManRefresh.Instruction.DownloadSuccessed");
-    text = text.arg(items, 0, 10);
-    text = text.arg(bytes / 1024, 0, 10);
+    QString text = filled(filled(menuText("ManRefresh.Instruction.DownloadSuccessed"), items), bytes / 1024);
     // The stored texts carry their line breaks as these two characters.
     text.replace(QStringLiteral("\\n"), QStringLiteral("\n"));
     UNoticeDlg notice(0, text, QString(), nullptr, nullptr, true, 0, true);

@@ -1,5 +1,6 @@
 #include "CoreStore.h"
 
+#include "SettingGroups.h"
 #include "StoreFile.h"
 #include "StoreQueries.h"
 #include "StoreSchema.h"
@@ -137,9 +138,9 @@ OperatorPack::Setting readSetting(const Run& row)
 }
 
 // Columns as of ListChannels and ReadChannel.
-OperatorPack::Channel readChannel(const Run& row)
+Scene::Channel readChannel(const Run& row)
 {
-    OperatorPack::Channel channel;
+    Scene::Channel channel;
     channel.id = row.text(0);
     if (!row.isNull(1))
         channel.title = row.text(1);
@@ -258,14 +259,24 @@ int CoreStore::exportPack(OperatorPack& pack)
     int status = forEachRow(mDatabase->queries[StoreQueries::ListPack],
                             [&](const Run& row) { result.settings.push_back(readSetting(row)); });
     if (status == STORE_OK)
-        status = forEachRow(mDatabase->queries[StoreQueries::ListFacts],
-                            [&](const Run& row) { result.device[std::string(row.text(0))] = row.text(1); });
-    if (status == STORE_OK)
-        status = channels(result.channels.emplace());
-    if (status == STORE_OK)
         status = profiles(result.profiles.emplace());
     mDatabase->connection.execute("COMMIT");
     return answer(status, result, pack);
+}
+
+int CoreStore::loadScene(const Scene& scene)
+{
+    Sqlite::Connection& connection = mDatabase->connection;
+    return inTransaction(connection, [&] {
+        int status = STORE_OK;
+        for (auto fact = scene.device.begin(); status == STORE_OK && fact != scene.device.end(); ++fact)
+            status = setFact(fact->first, fact->second);
+        for (auto figure = scene.figures.begin(); status == STORE_OK && figure != scene.figures.end(); ++figure)
+            status = write(GROUP_DCD, figure->first, figure->second);
+        if (status == STORE_OK && scene.channels)
+            status = writeStatus(StoreSchema::writeChannels(connection, *scene.channels));
+        return status;
+    });
 }
 
 int CoreStore::fact(std::string_view name, std::string& value)
@@ -276,29 +287,29 @@ int CoreStore::fact(std::string_view name, std::string& value)
 
 int CoreStore::setFact(std::string_view name, std::string_view value)
 {
-    if (!OperatorPack::isFact(name))
+    if (!Scene::isFact(name))
         return STORE_NOT_FOUND;
     std::string text;
-    if (!OperatorPack::factText(name, std::string(value), text))
+    if (!Scene::factText(name, std::string(value), text))
         return STORE_WRONG_TYPE;
     return runWrite(mDatabase->queries[StoreQueries::WriteFact], name, text);
 }
 
-int CoreStore::channels(std::vector<OperatorPack::Channel>& channels)
+int CoreStore::channels(std::vector<Scene::Channel>& channels)
 {
-    std::vector<OperatorPack::Channel> result;
+    std::vector<Scene::Channel> result;
     const int status = forEachRow(mDatabase->queries[StoreQueries::ListChannels],
                                   [&](const Run& row) { result.push_back(readChannel(row)); });
     return answer(status, result, channels);
 }
 
-int CoreStore::channel(std::string_view id, OperatorPack::Channel& channel)
+int CoreStore::channel(std::string_view id, Scene::Channel& channel)
 {
     return onlyRow(
         mDatabase->queries[StoreQueries::ReadChannel], [&](const Run& row) { channel = readChannel(row); }, id);
 }
 
-int CoreStore::addChannel(const OperatorPack::Channel& channel)
+int CoreStore::addChannel(const Scene::Channel& channel)
 {
     return runWrite(mDatabase->queries[StoreQueries::WriteChannel], channel.id, channel.title);
 }

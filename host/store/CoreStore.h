@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OperatorPack.h"
+#include "Scene.h"
 
 #include <memory>
 #include <optional>
@@ -58,13 +59,17 @@ public:
     // The settings in force, ordered by group and key.
     int list(std::vector<Listed>& settings);
 
-    // The operator's layer, all or nothing. Installing replaces the settings of the pack layer, and device
-    // facts, channels and profiles where the pack brings them; the user's values stay. With new profiles, the
-    // one in force stays in force when it is among them, else the first that can be chosen comes into force.
+    // The operator's layer, all or nothing. Installing replaces the settings of the pack layer, and the profiles
+    // where the pack brings them; the user's values stay. With new profiles, the one in force stays in force when
+    // it is among them, else the first that can be chosen comes into force.
     int installPack(const OperatorPack& pack);
     int exportPack(OperatorPack& pack);
 
-    // Facts of the device, by the names of OperatorPack::factNames(). An empty value means the device can't
+    // Brings about a state of the phone, all or nothing: sets the facts that the scene names, replaces the channels
+    // where it brings them, and writes its figures as the service does.
+    int loadScene(const Scene& scene);
+
+    // Facts of the device, by the names of Scene::factNames(). An empty value means the device can't
     // tell: reading it answers STORE_NOT_FOUND.
     int fact(std::string_view name, std::string& value);
     int setFact(std::string_view name, std::string_view value);
@@ -72,9 +77,9 @@ public:
     // Channels in the order of the container that holds them. One without a title is named by the container
     // but is not in the cache. Adding an existing one sets its title; reading or removing an unknown one
     // answers STORE_NOT_FOUND.
-    int channels(std::vector<OperatorPack::Channel>& channels);
-    int channel(std::string_view id, OperatorPack::Channel& channel);
-    int addChannel(const OperatorPack::Channel& channel);
+    int channels(std::vector<Scene::Channel>& channels);
+    int channel(std::string_view id, Scene::Channel& channel);
+    int addChannel(const Scene::Channel& channel);
     int removeChannel(std::string_view id);
 
     // Profiles in the operator's order, and the one in force: empty when none is, which is so only when none

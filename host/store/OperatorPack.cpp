@@ -1,5 +1,7 @@
 #include "OperatorPack.h"
 
+#include "JsonReader.h"
+#include "ListText.h"
 #include "Log.h"
 #include "SettingGroups.h"
 
@@ -33,6 +35,63 @@ QJsonValue toJson(const std::string& value)
     return QString::fromStdString(value);
 }
 
+class PackReader : public JsonReader
+{
+public:
+    bool read(const QByteArray& json, OperatorPack& pack)
+    {
+        const auto moved = [this](const char* name) {
+            return [this, name](const QJsonValue&) {
+                return fail(name, "is one phone's; a pack holds none of it, see vistanectl scene load");
+            };
+        };
+        return readDocument(json, "pack",
+                            {{"settings", [&](const QJsonValue& section) { return readSettings(section, pack); }},
+                             {"profiles", [&](const QJsonValue& section) { return readProfiles(section, pack); }},
+                             {"device", moved("device")},
+                             {"channels", moved("channels")}});
+    }
+
+private:
+    bool readSettings(const QJsonValue& section, OperatorPack& pack)
+    {
+        return readMembers("settings", section, [&](const QString& group, const QJsonValue& settings) {
+            const int number = settingGroupNumber(group.toStdString());
+            if (number < 0)
+                return fail(group, "is no setting group");
+            return readMembers(group, settings, [&](const QString& key, const QJsonValue& json) {
+                const QString name = group + '.' + key;
+                if (key.isEmpty() || !key.isValidUtf16() || key.contains(QChar(0)))
+                    return fail(name, "is no key");
+                SettingValue value;
+                if (!readValue(name, json, value))
+                    return false;
+                pack.settings.push_back({number, key.toStdString(), std::move(value)});
+                return true;
+            });
+        });
+    }
+
+    bool readProfiles(const QJsonValue& section, OperatorPack& pack)
+    {
+        pack.profiles.emplace();
+        return readItems("profiles", {"id", "name", "selectable"}, section,
+                         [&](const QString& name, const QJsonObject& item) {
+                             OperatorPack::Profile& profile = pack.profiles->emplace_back();
+                             const QJsonValue selectable = item.value("selectable");
+                             if (!readId(name, item, profile.id) ||
+                                 !readLine(name + " name", item["name"], profile.name))
+                                 return false;
+                             if (ListText::isDisabled(profile.name))
+                                 return fail(name + " name", "begins with the mark of a locked choice");
+                             if (!selectable.isUndefined() && !selectable.isBool())
+                                 return fail(name + " selectable", "is not true or false");
+                             profile.selectable = selectable.toBool(true);
+                             return true;
+                         });
+    }
+};
+
 OperatorPack readBuiltIn()
 {
     loadResources();
@@ -59,21 +118,6 @@ QByteArray OperatorPack::toJson() const
     }
     document["settings"] = groups;
 
-    QJsonObject facts;
-    for (const auto& [name, value] : device)
-        facts[QString::fromStdString(name)] = QString::fromStdString(value);
-    document["device"] = facts;
-
-    if (channels) {
-        QJsonArray list;
-        for (const Channel& channel : *channels) {
-            QJsonObject item = {{"id", ::toJson(channel.id)}};
-            if (channel.title)
-                item["title"] = ::toJson(*channel.title);
-            list.append(item);
-        }
-        document["channels"] = list;
-    }
     if (profiles) {
         QJsonArray list;
         for (const Profile& profile : *profiles)
@@ -89,4 +133,16 @@ const OperatorPack& OperatorPack::builtIn()
 {
     static const OperatorPack pack = readBuiltIn();
     return pack;
+}
+
+bool OperatorPack::parse(const QByteArray& json, OperatorPack& pack, std::string& error)
+{
+    OperatorPack result;
+    PackReader reader;
+    const bool good = reader.read(json, result);
+    if (good)
+        pack = std::move(result);
+    else
+        error = reader.error();
+    return good;
 }

@@ -14,7 +14,6 @@ constexpr const char* texts[] = {
     "SELECT grp, key, type, value FROM setting WHERE layer = 0 ORDER BY grp, key",
     "SELECT value FROM fact WHERE name = ?1 AND value <> ''",
     "INSERT OR REPLACE INTO fact(name, value) VALUES(?1, ?2)",
-    "SELECT name, value FROM fact",
     "SELECT id, title FROM channel ORDER BY position",
     "SELECT id, title FROM channel WHERE id = ?1",
     "INSERT INTO channel(id, title) VALUES(?1, ?2) ON CONFLICT(id) DO UPDATE SET title = excluded.title",

@@ -16,7 +16,6 @@ public:
         ListPack,      // -> group, key, type, value
         ReadFact,      // name -> value
         WriteFact,     // name, value
-        ListFacts,     // -> name, value
         ListChannels,  // -> id, title
         ReadChannel,   // id -> id, title
         WriteChannel,  // id, title

@@ -60,24 +60,6 @@ int writeSettings(Sqlite::Connection& connection, const std::vector<OperatorPack
         });
 }
 
-int writeFacts(Sqlite::Connection& connection, const std::map<std::string, std::string>& facts)
-{
-    return forEach(connection, "INSERT OR REPLACE INTO fact VALUES(?1, ?2)", facts,
-                   [](Sqlite::Statement& statement, const auto& fact) {
-                       return Sqlite::Statement::Run(statement, fact.first, fact.second).step();
-                   });
-}
-
-int writeChannels(Sqlite::Connection& connection, const std::vector<OperatorPack::Channel>& channels)
-{
-    if (const int result = connection.execute("DELETE FROM channel"); result != SQLITE_OK)
-        return result;
-    return forEach(connection, "INSERT INTO channel(id, title) VALUES(?1, ?2)", channels,
-                   [](Sqlite::Statement& statement, const OperatorPack::Channel& channel) {
-                       return Sqlite::Statement::Run(statement, channel.id, channel.title).step();
-                   });
-}
-
 int readCurrentProfile(Sqlite::Connection& connection, std::string& id)
 {
     Sqlite::Statement statement;
@@ -159,13 +141,19 @@ int create(Sqlite::Connection& connection, const OperatorPack& pack)
 int writePack(Sqlite::Connection& connection, const OperatorPack& pack)
 {
     int result = writeSettings(connection, pack.settings);
-    if (result == SQLITE_OK)
-        result = writeFacts(connection, pack.device);
-    if (result == SQLITE_OK && pack.channels)
-        result = writeChannels(connection, *pack.channels);
     if (result == SQLITE_OK && pack.profiles)
         result = writeProfiles(connection, *pack.profiles);
     return result;
+}
+
+int writeChannels(Sqlite::Connection& connection, const std::vector<Scene::Channel>& channels)
+{
+    if (const int result = connection.execute("DELETE FROM channel"); result != SQLITE_OK)
+        return result;
+    return forEach(connection, "INSERT INTO channel(id, title) VALUES(?1, ?2)", channels,
+                   [](Sqlite::Statement& statement, const Scene::Channel& channel) {
+                       return Sqlite::Statement::Run(statement, channel.id, channel.title).step();
+                   });
 }
 
 int putProfileInForce(Sqlite::Connection& connection)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OperatorPack.h"
+#include "Scene.h"
 #include "Sqlite.h"
 
 // Layout of the store's file. A change of the tables takes a new schema version and a step that brings older
@@ -24,6 +25,9 @@ int create(Sqlite::Connection& connection, const OperatorPack& pack);
 
 // Puts `pack` in place of the pack layer, inside the caller's transaction.
 int writePack(Sqlite::Connection& connection, const OperatorPack& pack);
+
+// Puts `channels` in place of those there are, inside the caller's transaction.
+int writeChannels(Sqlite::Connection& connection, const std::vector<Scene::Channel>& channels);
 
 // Puts the first profile that can be chosen in force when none is; to be called inside the transaction of
 // whatever changed the profiles.

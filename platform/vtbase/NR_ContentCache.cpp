@@ -19,18 +19,18 @@ int NR_ContentCache::get(const vtTypes::ID& id, Container& container)
 {
     if (id != userChannels)
         return STORE_NOT_FOUND;
-    std::vector<OperatorPack::Channel> channels;
+    std::vector<Scene::Channel> channels;
     if (const int status = CoreStore::instance().channels(channels); status != STORE_OK)
         return status;
     container.children.clear();
-    for (const OperatorPack::Channel& channel : channels)
+    for (const Scene::Channel& channel : channels)
         container.children.emplace_back(channel.id);
     return STORE_OK;
 }
 
 int NR_ContentCache::get(const vtTypes::ID& id, Channel& channel)
 {
-    OperatorPack::Channel stored;
+    Scene::Channel stored;
     if (const int status = CoreStore::instance().channel(id.text(), stored); status != STORE_OK)
         return status;
     if (!stored.title)

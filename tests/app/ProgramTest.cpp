@@ -31,6 +31,8 @@ public:
         environment.insert("VISTANE_LOG", dir.filePath("log"));
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         environment.remove("VISTANE_SCREEN");
+        store().setFact("imsi", "001010123456789");
+        store().setFact("msisdn", "+12025550123");
     }
 
     ~Program()
@@ -218,8 +220,9 @@ TEST(Program, RunsOnAStoreOfNoUse)
         const char* what;
         std::function<void(Program&)> spoil;
         std::string logged;
+        bool knowsIdentity = false;
     } cases[] = {
-        {"directory", [](Program& p) { QDir().mkpath(p.storePath()); },
+        {"directory", [](Program& p) { QFile::remove(p.storePath()); QDir().mkpath(p.storePath()); },
          "is not a file: using the built-in pack"},
         {"garbage",
          [](Program& p) {
@@ -241,14 +244,17 @@ TEST(Program, RunsOnAStoreOfNoUse)
              p.store();
              QFile::setPermissions(p.storePath(), QFile::ReadOwner);
          },
-         ""},
+         "", true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         Program program;
         c.spoil(program);
         program.start();
-        program.endBy([] { sendToMenu(); });
+        if (c.knowsIdentity)
+            program.endBy([] { sendToMenu(); });
+        else
+            EXPECT_TRUE(program.waitForLog(noImsi)) << "an invented subscriber is none";
         EXPECT_NE(program.log().find(c.logged), std::string::npos) << program.log();
     }
 }

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-// A store that holds the built-in pack, in which every entry is visible and enabled.
+// A store that holds the built-in pack, in which every entry is visible and enabled, and the phone of ./run.
 class MenuStore : public TestStore
 {
 public:
@@ -21,6 +21,7 @@ public:
                 setting.value = setting.key;
         }
         EXPECT_EQ(CoreStore::instance().installPack(pack), STORE_OK);
+        loadDemoScene();
     }
 };
 

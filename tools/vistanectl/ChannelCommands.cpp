@@ -9,7 +9,7 @@ namespace {
 
 int list(const Tool& tool, CoreStore& store)
 {
-    std::vector<OperatorPack::Channel> channels;
+    std::vector<Scene::Channel> channels;
     if (const int status = store.channels(channels); status != STORE_OK)
         return tool.finish(status, "channel list");
     Output::Table table(tool.json());
@@ -22,7 +22,7 @@ int list(const Tool& tool, CoreStore& store)
 
 void addChannelCommands(Tool& tool)
 {
-    const auto channel = std::make_shared<OperatorPack::Channel>();
+    const auto channel = std::make_shared<Scene::Channel>();
     channel->title.emplace();
     CLI::App& group = tool.add("channel", "The user's headline channels");
 

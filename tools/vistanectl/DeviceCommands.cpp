@@ -10,7 +10,7 @@ namespace {
 int list(const Tool& tool, CoreStore& store)
 {
     Output::Table table(tool.json());
-    for (std::string_view name : OperatorPack::factNames()) {
+    for (std::string_view name : Scene::factNames()) {
         std::string value;
         const int status = store.fact(name, value);
         if (status != STORE_OK && status != STORE_NOT_FOUND)

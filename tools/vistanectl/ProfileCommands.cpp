@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "CoreStore.h"
+#include "ListText.h"
 #include "Tool.h"
 
 #include <memory>
@@ -35,7 +36,23 @@ int use(const Tool& tool, CoreStore& store, const std::string& id)
     return tool.finish(store.setCurrentProfile(id), id);
 }
 
+// For Option::check().
+std::string isProfileName(const std::string& name)
+{
+    return ListText::isDisabled(name) ? "begins with the mark of a locked choice" : isLine(name);
+}
+
 } // namespace
+
+int finishProfiles(const Tool& tool, CoreStore& store, int storeStatus, const std::string& about)
+{
+    std::string current;
+    OperatorPack::Profile profile;
+    if (storeStatus == STORE_OK && store.currentProfile(current) == STORE_OK && !current.empty() &&
+        store.profile(current, profile) == STORE_OK && !profile.selectable)
+        tool.warn(current, "is in force but locked; the menu shows another profile as chosen");
+    return tool.finish(storeStatus, about);
+}
 
 void addProfileCommands(Tool& tool)
 {
@@ -47,10 +64,10 @@ void addProfileCommands(Tool& tool)
 
     CLI::App& add = tool.add("add", "Add a profile, or change one", &group);
     add.add_option("ID", profile->id, "Its identifier")->required()->check(isLine);
-    add.add_option("NAME", profile->name, "What people read")->required()->check(isLine);
+    add.add_option("NAME", profile->name, "What people read")->required()->check(isProfileName);
     add.add_flag("--locked{false}", profile->selectable, "The user may not choose it");
     tool.onRun(add, [&tool, profile](CoreStore& store) {
-        return tool.finish(store.addProfile(*profile), profile->id);
+        return finishProfiles(tool, store, store.addProfile(*profile), profile->id);
     });
 
     CLI::App& choosing = tool.add("use", "Put a profile in force", &group);

@@ -61,7 +61,12 @@ int Tool::run(std::vector<std::string> reversedArguments)
             return fail(Usage, unknown.front(), "is not known here; --help tells what is");
         return mApp.exit(error) == 0 ? Done : Usage;
     }
-    const int exit = mRun();
+    int exit = Done;
+    try {
+        exit = mRun();
+    } catch (const std::exception& error) { // such as std::bad_alloc, by a library
+        return fail(Refused, "the command", error.what());
+    }
     // Results that nobody can read are no success.
     if (std::fflush(stdout) != 0 || std::ferror(stdout))
         return fail(Refused, "standard output", std::strerror(errno));

@@ -43,6 +43,8 @@ public:
 
     // Says "vistanectl: <about>: <problem>" on standard error and returns `exit`.
     int fail(Exit exit, const std::string& about, const std::string& problem) const;
+    // The same as a warning, which leaves the exit status alone.
+    void warn(const std::string& about, const std::string& problem) const { fail(Done, about, problem); }
     // The exit status for a StoreStatus; anything but success is said as above.
     int finish(int storeStatus, const std::string& about) const;
 

@@ -1,48 +1,99 @@
 #include "CoreStore.h"
-#include "OperatorPack.h"
 #include "TestStore.h"
 
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
-TEST(Pack, FaultsAreNamedAndNothingIsTaken)
+namespace {
+
+struct Fault
 {
-    const struct
-    {
-        const char* json;
-        const char* error;
-    } cases[] = {
+    std::string json;
+    const char* error; // begins with it
+};
+
+// Nothing of a document with a fault is taken, and the message says where it is.
+template <typename Document>
+void expectRefused(std::initializer_list<Fault> faults)
+{
+    for (const auto& [json, expected] : faults) {
+        Document document;
+        std::string error;
+        EXPECT_FALSE(Document::parse(QByteArray::fromStdString(json), document, error)) << json;
+        EXPECT_TRUE(error.starts_with(expected)) << json.substr(0, 200) << " gave " << error;
+    }
+}
+
+std::string setting(const std::string& text)
+{
+    return R"({"settings": {"VtCore.Menu": {)" + text + "}}}";
+}
+
+std::string profileInForce()
+{
+    std::string current;
+    EXPECT_EQ(CoreStore::instance().currentProfile(current), STORE_OK);
+    return current;
+}
+
+SettingValue valueOf(int group, const char* key)
+{
+    SettingValue value;
+    EXPECT_EQ(CoreStore::instance().read(group, key, value), STORE_OK) << key;
+    return value;
+}
+
+} // namespace
+
+TEST(Pack, FaultsAreNamed)
+{
+    expectRefused<OperatorPack>({
         {"{\n  \"settings\": {,}\n}", "line 2, column 1"},
         {"", "line 1, column 1: "},
         {"{} x", "line 1, column 4: "},
+        {std::string(100'000, '['), "line 1, column "},
+        {"[]", "the pack: "},
         {R"({"seting": {}})", "seting: "},
         {R"({"settings": []})", "settings: "},
         {R"({"settings": {"VtCore.Menue": {}}})", "VtCore.Menue: "},
-        {R"({"settings": {"VtCore.Menu": {"": 1}}})", "VtCore.Menu.: "},
-        {R"({"settings": {"VtCore.Menu": {"a\u0000b": 1}}})", "VtCore.Menu.a"},
-        {R"({"settings": {"VtCore.Menu": {"a.b": 2147483648}}})", "VtCore.Menu.a.b: is no 32-bit integer"},
-        {R"({"settings": {"VtCore.Menu": {"a.b": null}}})", "VtCore.Menu.a.b: "},
-        {R"({"settings": {"VtCore.Menu": {"a.b": "\ud83d"}}})", "VtCore.Menu.a.b: "},
-        {"{\"settings\": {\"VtCore.Menu\": {\"a.b\": \"\xff\"}}}", "line 1, column "},
+        {setting(R"("": 1)"), "VtCore.Menu.: "},
+        {setting(R"("a\u0000b": 1)"), "VtCore.Menu.a"},
+        {setting(R"("a.b": 2147483648)"), "VtCore.Menu.a.b: is no 32-bit integer"},
+        {setting(R"("a.b": 1.5)"), "VtCore.Menu.a.b: is no 32-bit integer"},
+        {setting(R"("a.b": null)"), "VtCore.Menu.a.b: "},
+        {setting(R"("a.ChildIDs": ["A", "B"])"), "VtCore.Menu.a.ChildIDs: is a list; "},
+        {setting(R"("a.b": "one\ntwo")"), "VtCore.Menu.a.b: has more than one line"},
+        {setting(R"("a.b": "\ud83d")"), "VtCore.Menu.a.b: "},
+        {setting(R"("a.b": "\u0000")"), "VtCore.Menu.a.b: "},
+        {setting("\"a.b\": \"\xff\""), "line 1, column "},
+        {"{\n" + setting(R"("a": "{\"a\": \\", "b": [],
+            "\u0061": 2)").substr(1), "line 3, column 13: \"a\" is there twice"},
+        {R"({"profiles": [], "profiles": []})", "line 1, column 18: \"profiles\" is there twice"},
+        {R"({"device": {"imsi": "1"}})", "device: is one phone's; a pack holds none of it, see vistanectl scene load"},
+        {R"({"channels": []})", "channels: is one phone's; "},
+        {R"({"profiles": [1]})", "profiles item 1: "},
+        {R"({"profiles": [{"name": "x"}]})", "profiles item 1 id: "},
+        {R"({"profiles": [{"id": "a", "name": "A"}, {"id": "a", "name": "B"}]})", "profiles a: is there twice"},
+        {R"({"profiles": [{"id": "a", "title": "x"}]})", "profiles a title: "},
+        {R"({"profiles": [{"id": "a", "name": "x\ny"}]})", "profiles a name: "},
+        {R"({"profiles": [{"id": "a", "name": "DISABLE:x"}]})", "profiles a name: "},
+        {R"({"profiles": [{"id": "a", "name": "x", "selectable": 1}]})", "profiles a selectable: "},
+    });
+    expectRefused<Scene>({
+        {R"({"settings": {}})", "settings: is no section of a scene"},
         {R"({"device": {"colour": "red"}})", "device colour: is no fact"},
         {R"({"device": {"imsi": 1}})", "device imsi: "},
         {R"({"device": {"roaming": "x"}})", "device roaming: "},
-        {R"({"channels": [1]})", "channels item 1: "},
-        {R"({"channels": [{"title": "x"}]})", "channels item 1 id: "},
         {R"({"channels": [{"id": "a"}, {"id": "a"}]})", "channels a: "},
-        {R"({"channels": [{"id": "a", "name": "x"}]})", "channels a name: "},
-        {R"({"profiles": [{"id": "a", "name": "x\ny"}]})", "profiles a name: "},
-        {R"({"profiles": [{"id": "a", "name": "x", "selectable": 1}]})", "profiles a selectable: "},
-    };
-    for (const auto& [json, expected] : cases) {
-        OperatorPack pack;
-        pack.device["imsi"] = "kept";
-        std::string error;
-        EXPECT_FALSE(OperatorPack::parse(json, pack, error)) << json;
-        EXPECT_TRUE(error.starts_with(expected)) << json << " gave " << error;
-        EXPECT_EQ(pack.device["imsi"], "kept");
-    }
+        {R"({"figures": {"Time": 1}})", "figures Time: "},
+        {R"({"figures": {"LastUpdateTime": "1"}})", "figures LastUpdateTime: "},
+    });
+    OperatorPack pack;
+    std::string error;
+    EXPECT_TRUE(OperatorPack::parse(R"({"settings": {"VtCore.Menu": {"a": "b", "b": "a"}, "VtCore.UI": {"a": 1}}})",
+                                    pack, error))
+        << "the same key elsewhere: " << error;
 }
 
 TEST(Pack, InstallingReplacesTheOperatorsLayerOnly)
@@ -54,37 +105,55 @@ TEST(Pack, InstallingReplacesTheOperatorsLayerOnly)
     CoreStore& core = CoreStore::instance();
     core.write(5, "mine", 3);
     core.setCurrentProfile("q");
+    const char* const json = R"({"settings": {"VtCore.Menu": {"stays": "\u00e4\t\\n", "mine": 2}},
+                                 "profiles": [{"id": "q", "name": "Q2", "selectable": false}]})";
     OperatorPack pack;
     std::string text;
-    ASSERT_TRUE(OperatorPack::parse(R"({"settings": {"VtCore.Menu": {"stays": "\u00e4\n\\n", "mine": 2}},
-        "device": {"imsi": "2"}, "profiles": [{"id": "q", "name": "Q2", "selectable": false}]})",
-                                    pack, text))
-        << text;
+    ASSERT_TRUE(OperatorPack::parse(json, pack, text)) << text;
     ASSERT_EQ(core.installPack(pack), STORE_OK);
 
-    SettingValue value;
-    core.read(5, "mine", value);
-    EXPECT_EQ(value, SettingValue(3));
-    core.currentProfile(text);
-    EXPECT_EQ(text, "q");
+    EXPECT_EQ(valueOf(5, "mine"), SettingValue(3));
+    EXPECT_EQ(profileInForce(), "q");
+    core.fact("imsi", text);
+    EXPECT_EQ(text, "1");
+    std::vector<Scene::Channel> channels;
+    core.channels(channels);
+    EXPECT_EQ(channels.size(), 2U);
     OperatorPack exported;
     ASSERT_EQ(core.exportPack(exported), STORE_OK);
-    std::erase_if(exported.device, [](const auto& fact) { return fact.second.empty(); });
-    EXPECT_EQ(QJsonDocument::fromJson(exported.toJson()), QJsonDocument::fromJson(R"({
-        "settings": {"VtCore.Menu": {"stays": "\u00e4\n\\n", "mine": 2}},
-        "device": {"imsi": "2", "roaming": "2"}, "channels": [{"id": "b", "title": ""}, {"id": "a"}],
-        "profiles": [{"id": "q", "name": "Q2", "selectable": false}]})"))
+    EXPECT_EQ(QJsonDocument::fromJson(exported.toJson()), QJsonDocument::fromJson(json))
         << exported.toJson().constData();
 
     pack.settings = {{5, "stays", 2}};
-    pack.device["imsi"] = "3";
-    pack.channels = {{{"same", "A"}, {"same", "B"}}};
+    pack.profiles = {{{"same", "A"}, {"same", "B"}}};
     EXPECT_NE(core.installPack(pack), STORE_OK);
-    core.read(5, "stays", value);
-    EXPECT_EQ(value, SettingValue("\u00e4\n\\n")) << "nothing of a pack that is refused";
+    EXPECT_EQ(valueOf(5, "stays"), SettingValue("\u00e4\t\\n")) << "nothing of a pack that is refused";
+    EXPECT_EQ(profileInForce(), "q");
+    EXPECT_EQ(core.write(5, "n", 3), STORE_OK);
+}
+
+TEST(Pack, ASceneReplacesWhatItNames)
+{
+    const TestStore store(R"({"device": {"imsi": "1", "model": "M"}, "channels": [{"id": "a"}]})");
+    CoreStore& core = CoreStore::instance();
+    Scene scene;
+    std::string text;
+    ASSERT_TRUE(Scene::parse(R"({"device": {"imsi": "2"}, "figures": {"ItemsDownloaded": 7}})", scene, text)) << text;
+    ASSERT_EQ(core.loadScene(scene), STORE_OK);
     core.fact("imsi", text);
     EXPECT_EQ(text, "2");
-    EXPECT_EQ(core.write(5, "n", 3), STORE_OK);
+    core.fact("model", text);
+    EXPECT_EQ(text, "M");
+    EXPECT_EQ(valueOf(1, "RuntimeValues.ItemsDownloaded"), SettingValue(7));
+
+    scene.device["imsi"] = "3";
+    scene.channels = {{{"same", "A"}, {"same", "B"}}};
+    EXPECT_NE(core.loadScene(scene), STORE_OK);
+    core.fact("imsi", text);
+    EXPECT_EQ(text, "2") << "nothing of a scene that is refused";
+    std::vector<Scene::Channel> channels;
+    core.channels(channels);
+    EXPECT_EQ(channels.size(), 1U);
 }
 
 TEST(Pack, AProfileIsInForceWheneverOneCanBeChosen)
@@ -92,60 +161,27 @@ TEST(Pack, AProfileIsInForceWheneverOneCanBeChosen)
     const TestStore store;
     CoreStore& core = CoreStore::instance();
     // The profiles that packs bring one after the other, and the one then in force.
-    const std::pair<std::vector<OperatorPack::Profile>, const char*> steps[] = {
+    const std::pair<std::vector<OperatorPack::Profile>, const char*> packs[] = {
         {{{"a", "A", false}, {"b", "B", true}, {"c", "C", true}}, "b"},
         {{{"c", "C", true}, {"b", "B", false}}, "b"},
         {{{"a", "A", false}, {"d", "D", true}}, "d"},
         {{{"a", "A", false}}, ""},
         {{}, ""},
-        {{{"a", "A", true}}, "a"},
     };
-    for (const auto& [profiles, expected] : steps) {
+    for (const auto& [profiles, expected] : packs) {
         OperatorPack pack;
         pack.profiles = profiles;
         ASSERT_EQ(core.installPack(pack), STORE_OK);
-        std::string current;
-        core.currentProfile(current);
-        EXPECT_EQ(current, expected);
+        EXPECT_EQ(profileInForce(), expected);
     }
-}
-
-TEST(Pack, AddingAndRemovingProfilesLeavesOneInForce)
-{
-    const TestStore store(R"({"profiles": []})");
-    CoreStore& core = CoreStore::instance();
-    const auto inForce = [&core] {
-        std::string current;
-        core.currentProfile(current);
-        return current;
-    };
     core.addProfile({"locked", "L", false});
-    EXPECT_EQ(inForce(), "");
+    EXPECT_EQ(profileInForce(), "");
     core.addProfile({"a", "A", true});
     core.addProfile({"b", "B", true});
-    EXPECT_EQ(inForce(), "a");
+    EXPECT_EQ(profileInForce(), "a");
     EXPECT_EQ(core.removeProfile("a"), STORE_OK);
-    EXPECT_EQ(inForce(), "b");
+    EXPECT_EQ(profileInForce(), "b");
     EXPECT_EQ(core.removeProfile("a"), STORE_NOT_FOUND);
     core.removeProfile("b");
-    EXPECT_EQ(inForce(), "");
-}
-
-TEST(Pack, ARefusedInstallationChangesNothing)
-{
-    const TestStore store(R"({"settings": {"VtCore.Menu": {"n": 1}}, "device": {"imsi": "1"}})");
-    CoreStore& core = CoreStore::instance();
-    OperatorPack pack;
-    pack.settings.push_back({5, "n", 2});
-    pack.device["imsi"] = "2";
-    pack.channels = {{{"same", "A"}, {"same", "B"}}};
-    EXPECT_NE(core.installPack(pack), STORE_OK);
-
-    SettingValue value;
-    std::string text;
-    core.read(5, "n", value);
-    EXPECT_EQ(value, SettingValue(1));
-    core.fact("imsi", text);
-    EXPECT_EQ(text, "1");
-    EXPECT_EQ(core.write(5, "n", 3), STORE_OK);
+    EXPECT_EQ(profileInForce(), "");
 }

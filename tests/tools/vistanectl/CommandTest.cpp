@@ -2,9 +2,12 @@
 #include "Vistanectl.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -95,6 +98,7 @@ TEST(Command, WhatIsMissingOrMisspeltIsNamed)
                                  {{"channel", "remove", "c9"}, 1, "", "c9"},
                                  {{"channel", "add", "c9", "two\nlines"}, 2, "", "TITLE"},
                                  {{"profile", "use", "p9"}, 1, "", "p9"},
+                                 {{"profile", "add", "p9", "DISABLE:Gold"}, 2, "", "NAME"},
                                  {{"profile", "use", "p2"}, 1, "", "p2"},
                                  {{"device", "set", "colour", "red"}, 1, "", "colour"},
                                  {{"send", "EVENT_UNKNOWN"}, 1, "", "EVENT_UNKNOWN"},
@@ -118,6 +122,7 @@ TEST(Command, FactsChannelsAndProfilesAreKept)
                     {{"profile", "add", "p3", "Three", "--locked"}, 0, "", ""},
                     {{"profile", "remove", "p2"}, 0, "", ""},
                     {{"profile", "list"}, 0, "p1\tOne\tselectable\tcurrent\np3\tThree\tlocked\t\n", ""},
+                    {{"profile", "add", "p1", "One", "--locked"}, 0, "", "p1: is in force but locked"},
                 });
     const std::string facts = ctl.run({"device", "list"}).out;
     EXPECT_NE(facts.find("roaming\t-1\n"), std::string::npos) << facts;
@@ -130,6 +135,11 @@ TEST(Command, PacksAreInstalledWholeOrNotAtAll)
     const QString good = ctl.file("good.json");
     const QString bad = ctl.file("bad.json");
     const QString copy = ctl.file("copy.json");
+    const QString pipe = ctl.file("pipe");
+    const QString large = ctl.file("large.json");
+    ASSERT_EQ(mkfifo(pipe.toUtf8(), 0600), 0);
+    writeFile(large, "");
+    ASSERT_TRUE(QFile::resize(large, 16 * 1024 * 1024 + 1));
     writeFile(good, R"({"settings": {"VtCore.Menu": {"Details.title": "New"}}})");
     writeFile(bad, R"({"settings": {"VtCore.Menu": {"Details.title": "Bad", "x.y": 1.5}}})");
     runAll(ctl, {
@@ -144,8 +154,17 @@ TEST(Command, PacksAreInstalledWholeOrNotAtAll)
                     {{"pack", "install", copy}, 0, "", ""},
                     {{"get", title}, 0, "Details\n", ""},
                     {{"pack", "export", "/nonexistent/pack.json"}, 1, "", "/nonexistent/pack.json"},
+                    {{"pack", "export", "/dev/null"}, 0, "", ""},
+                    {{"pack", "export", "/dev/full"}, 1, "", "/dev/full"},
+                    {{"pack", "check", "/dev/zero"}, 1, "", "is no plain file"},
+                    {{"pack", "check", pipe}, 1, "", "is no plain file"},
+                    {{"pack", "check", large}, 1, "", "is larger than 16 MB"},
+                    {{"scene", "load", good}, 1, "", "settings: is no section of a scene"},
+                    {{"scene", "load", SOURCE_DIR "/share/scenes/demo.json"}, 0, "", ""},
+                    {{"channel", "list"}, 0, "world\tWorld News\nsport\tSport\nweather\tWeather\n", ""},
                 });
-    EXPECT_EQ(ctl.run({"pack", "export"}).out.find("imsi"), std::string::npos);
+    EXPECT_EQ(ctl.run({"pack", "export", "-"}).out, ctl.run({"pack", "export"}).out);
+    EXPECT_FALSE(QFileInfo("/dev/null").isFile());
     QProcess full;
     full.setProcessEnvironment(ctl.environment);
     full.setStandardOutputFile("/dev/full");

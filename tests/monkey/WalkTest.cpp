@@ -1,0 +1,306 @@
+#include "Dice.h"
+#include "MenuSettings.h"
+#include "MenuViewer.h"
+#include "ViewTest.h"
+
+#include <QAbstractScrollArea>
+#include <QMouseEvent>
+
+#include <climits>
+#include <cstdio>
+#include <ctime>
+#include <unistd.h>
+
+// What fontconfig keeps of the fonts that stand in for missing letters is no leak of ours.
+extern "C" const char* __lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
+{
+    return "leak:libfontconfig";
+}
+
+namespace {
+
+constexpr int stepsOfALife = 80;
+constexpr size_t mostPopups = 20;
+
+std::string repeated(const std::string& text, size_t bytes)
+{
+    std::string result;
+    while (result.size() + text.size() <= bytes)
+        result += text;
+    return result;
+}
+
+const std::string texts[] = {
+    "",
+    " ",
+    "A text of some words, as there are many",
+    "a\tb\\nc\nd\r\n",
+    std::string("a\0b", 3),
+    "\x1b[31m\x01\x7f\xff\xc3",
+    "\u0627\u0644\u0639\u0646\u0627\u0648\u064a\u0646 Headlines \u0663",
+    "\u202ebackwards\u202c \u2066isolated\u2069 \u200f\u200d",
+    "DISABLE:",
+    "%1 %1 %2 %L99 %n %s",
+    "<b>bold</b><img src='/tmp/x'>&amp;",
+    "\U0001f600\U0001f469\u200d\U0001f680 e" + repeated("\u0301", 100),
+    "sms:\xef\xbf\xbd?body=@MSISDN@%00",
+    MenuSettings::modeOff,
+    MenuSettings::modeHidden,
+    repeated("W", 65536),
+    repeated("\u0639\u0646\u0648\u0627\u0646 ", 65536),
+    repeated("\n", 65536),
+};
+const std::string names[] = {
+    "SetupHeadlines", "CustomHomeMode", "HowToUse", "AddNewChannel", "ManageMyChannels", "ConfigureHeadlines",
+    "Scrolling",      "Download",       "Profile",  "Details",       "Nobody",           "",
+};
+const std::string ids[] = {"world", "standard", "saver", "business", "new", ""};
+const int numbers[] = {INT_MIN, -1, 0, 1, 2, 3, 4, INT_MAX};
+const size_t sizes[] = {0, 1, 2, 5, 12, 300};
+const int rarities[] = {1, 3, 10, 50};
+
+const std::string& anyText(Dice& dice)
+{
+    return texts[dice.below(dice.oneIn(10) ? std::size(texts) : std::size(texts) - 3)];
+}
+
+SettingValue anyValue(Dice& dice, const OperatorPack::Setting& setting)
+{
+    if (setting.key.ends_with("ChildIDs") && !dice.oneIn(10)) {
+        std::string list;
+        for (size_t left = dice.pick(sizes); left > 0; --left)
+            list += dice.pick(names) + ',';
+        return list;
+    }
+    switch (dice.oneIn(20) ? static_cast<size_t>(dice.below(3)) : setting.value.index()) {
+    case 0:
+        return dice.pick(numbers);
+    case 1:
+        return !dice.oneIn(10);
+    default:
+        return anyText(dice);
+    }
+}
+
+// The built-in pack with anything else in its place, in few places or in many: other writers bring what a pack's
+// reader refuses.
+void installAnyPack(Dice& dice)
+{
+    OperatorPack pack = OperatorPack::builtIn();
+    const int rarity = dice.pick(rarities);
+    std::erase_if(pack.settings, [&](const auto&) { return dice.oneIn(rarity * 20); });
+    for (OperatorPack::Setting& setting : pack.settings)
+        if (dice.oneIn(rarity))
+            setting.value = anyValue(dice, setting);
+    pack.profiles->resize(dice.pick(sizes));
+    int number = 0;
+    for (OperatorPack::Profile& profile : *pack.profiles)
+        profile = {std::to_string(++number) + anyText(dice), anyText(dice), dice.oneIn(2)};
+    EXPECT_EQ(CoreStore::instance().installPack(pack), STORE_OK);
+}
+
+void loadAnyScene(Dice& dice)
+{
+    Scene scene;
+    for (std::string_view fact : Scene::factNames())
+        Scene::factText(fact, anyText(dice), scene.device[std::string(fact)]);
+    scene.channels.emplace(dice.pick(sizes));
+    int number = 0;
+    for (Scene::Channel& channel : *scene.channels) {
+        channel.id = std::to_string(++number);
+        if (!dice.oneIn(3))
+            channel.title = anyText(dice);
+    }
+    EXPECT_EQ(CoreStore::instance().loadScene(scene), STORE_OK);
+}
+
+// Going back from the root would end most lives early.
+bool isAtRoot()
+{
+    const auto* menu = onTop<vtmenu::MenuViewer>();
+    return menu && menu == PhoneScreen::instance()->findChild<vtmenu::MenuViewer*>();
+}
+
+void pressKey(Dice& dice)
+{
+    constexpr Qt::Key keys[] = {Qt::Key_Down,     Qt::Key_Down,   Qt::Key_Return, Qt::Key_Return, Qt::Key_F1,
+                                Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Up,     Qt::Key_3,      Qt::Key_F12};
+    constexpr Qt::Key backKeys[] = {Qt::Key_F2, Qt::Key_Escape};
+    Qt::Key key = dice.oneIn(6) ? dice.pick(backKeys) : dice.pick(keys);
+    if (dice.oneIn(100))
+        key = Qt::Key_End;
+    else if (key == Qt::Key_F2 || key == Qt::Key_Escape)
+        key = isAtRoot() ? Qt::Key_Down : key;
+    QWindow* window = PhoneScreen::instance()->windowHandle();
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &press);
+    if (dice.oneIn(10))
+        Screen::repeat(key, dice.below(30));
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+    if (!dice.oneIn(20)) // the others go to another window
+        QCoreApplication::sendEvent(window, &release);
+}
+
+void touch(Dice& dice)
+{
+    QWindow* window = PhoneScreen::instance()->windowHandle();
+    const auto anywhere = [&] { return QPointF(dice.below(window->width()), dice.below(window->height())); };
+    const auto send = [&](QEvent::Type type, const QPointF& at, Qt::MouseButtons held) {
+        QMouseEvent event(type, at, window->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(window, &event);
+    };
+    QPointF at = anywhere();
+    if (isAtRoot() && at.y() > window->height() - 40)
+        return; // the soft keys
+    send(QEvent::MouseButtonPress, at, Qt::LeftButton);
+    if (dice.oneIn(3))
+        send(QEvent::MouseMove, at = anywhere(), Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, at, Qt::NoButton);
+}
+
+void sendEvents(Dice& dice)
+{
+    const std::string& name =
+        dice.oneIn(2) ? NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS : dice.pick(NR_Constants::eventNames);
+    for (int left = dice.oneIn(20) ? 300 : 1; left > 0; --left) {
+        const Vt_Event::Parameters parameters = {{"total", anyText(dice)}, {"free", anyText(dice)}, {"used", "3"}};
+        Vt_EventAndStatusFacade::instance()->sendEvent(
+            Vt_Event(name, dice.below(8) - 1, std::make_shared<Vt_Event::Parameters>(parameters)), 0);
+    }
+}
+
+void writeSetting(Dice& dice)
+{
+    OperatorPack::Setting setting = dice.pick(OperatorPack::builtIn().settings);
+    setting.value = anyValue(dice, setting);
+    CoreStore::instance().write(setting.group, setting.key, setting.value);
+}
+
+void changeProfiles(Dice& dice)
+{
+    CoreStore& store = CoreStore::instance();
+    const std::string& id = dice.pick(ids);
+    if (dice.oneIn(3))
+        store.removeProfile(id);
+    else if (dice.oneIn(2))
+        store.addProfile({id, anyText(dice), dice.oneIn(2)});
+    else
+        store.setCurrentProfile(id);
+}
+
+constexpr struct
+{
+    int weight;
+    void (*act)(Dice&);
+} acts[] = {{600, pressKey},   {150, touch},         {60, sendEvents},  {60, writeSetting},
+            {10, changeProfiles}, {5, installAnyPack}, {5, loadAnyScene}};
+
+void act(Dice& dice)
+{
+    int left = 0;
+    for (const auto& act : acts)
+        left += act.weight;
+    left = dice.below(static_cast<size_t>(left));
+    const auto* act = acts;
+    while ((left -= act->weight) >= 0)
+        ++act;
+    act->act(dice);
+}
+
+QWidget* topLayer()
+{
+    const PhoneScreen* screen = PhoneScreen::instance();
+    for (auto* layer : screen->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        if (layer->isVisible() && screen->isOnTop(layer))
+            return layer;
+    return nullptr;
+}
+
+QRect onScreen(const QWidget& widget, const QRect& part)
+{
+    return {widget.mapTo(PhoneScreen::instance(), part.topLeft()), part.size()};
+}
+
+void expectOnScreen(const QWidget& layer)
+{
+    const QRect screen = PhoneScreen::instance()->rect();
+    const auto* keys = layer.findChild<USoftKey*>();
+    const QRect keyBar = onScreen(*keys, keys->rect());
+    EXPECT_TRUE(screen.contains(keyBar));
+    for (const auto* area : layer.findChildren<QAbstractScrollArea*>()) {
+        const QRect shown = onScreen(*area, area->rect());
+        EXPECT_TRUE(!area->isVisible() || (screen.contains(shown) && !shown.intersects(keyBar)))
+            << area->metaObject()->className() << ' ' << shown.top() << ' ' << shown.bottom();
+    }
+    for (const auto* list : layer.findChildren<UListBox*>()) {
+        const QRect row = list->visualRect(list->currentIndex());
+        EXPECT_TRUE(row.left() >= 0 && row.right() < list->viewport()->width()) << "row " << list->currentRow();
+    }
+}
+
+int setting(const char* name, int otherwise)
+{
+    const char* value = std::getenv(name);
+    return value ? std::atoi(value) : otherwise;
+}
+
+// One life of the program: a phone in any state, and a person and a service who do anything at all, until the root
+// menu is closed or the steps are used up.
+void live(Dice& dice)
+{
+    const TestStore store;
+    installAnyPack(dice);
+    loadAnyScene(dice);
+    vtmenu::MenuViewer root(nodeOf("SetupHeadlines"), true, nullptr, nullptr);
+    int stepsLeft = stepsOfALife;
+    QTimer steps;
+    steps.setSingleShot(true);
+    steps.callOnTimeout([&] {
+        const QWidget* layer = topLayer();
+        stepsLeft = layer ? stepsLeft : 0;
+        steps.start(stepsLeft ? 0 : 1); // before the act, which may run an event loop of its own
+        if (!layer)
+            return;
+        expectOnScreen(*layer);
+        EXPECT_LT(popups().size(), mostPopups);
+        stepsLeft = std::max(0, stepsLeft - 1);
+        if (stepsLeft > 0)
+            act(dice);
+        else // also when the bus still brings a dialog of a refresh
+            Screen::pressAtOnce(Qt::Key_End);
+    });
+    steps.start(0);
+    root.showView();
+    while (stepsLeft > 0)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    for (int quiet = 0; quiet < 3; ++quiet) {
+        Screen::settle();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !topLayer(); }, 60'000)) << topLayer()->metaObject()->className();
+    }
+}
+
+} // namespace
+
+// A failure names its seed and life; a hang or a crash is in the last one that was begun.
+TEST(Walk, AnythingAtAllLeavesTheMenuWhole)
+{
+    qputenv("VISTANE_HANDOVER", "off");
+    ManRefreshView::retryPause = 0;
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        ADD_FAILURE() << message.left(300).toStdString();
+    });
+    const int seed = setting("VISTANE_WALK_SEED", 1);
+    const int lives = setting("VISTANE_WALK_STEPS", 3200) / stepsOfALife;
+    for (int life = 0; life < lives && !HasFailure(); ++life) {
+        const std::string name = "seed " + std::to_string(seed) + ", life " + std::to_string(life);
+        SCOPED_TRACE(name);
+        std::fprintf(stderr, "%s\n", name.c_str());
+        alarm(300);
+        const LogCapture log;
+        Dice dice(static_cast<uint64_t>(seed), static_cast<uint64_t>(life));
+        live(dice);
+    }
+    alarm(0);
+    qInstallMessageHandler(nullptr);
+    ManRefreshView::retryPause = 2;
+}
