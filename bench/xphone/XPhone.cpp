@@ -11,7 +11,6 @@
 #include <csignal>
 #include <poll.h>
 #include <spawn.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,10 +35,9 @@ XPhone::XPhone() : mDisplay(XOpenDisplay(nullptr))
         giveUp("the display lacks the extension XTEST or DAMAGE");
     // The window may be gone by the time it is spoken to.
     XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
-    mRoot = DefaultRootWindow(mDisplay);
-    // New windows, and the answers of programs, which go to the root window as StructureNotify events.
-    XSelectInput(mDisplay, mRoot, SubstructureNotifyMask | StructureNotifyMask);
-    XDamageCreate(mDisplay, mRoot, XDamageReportRawRectangles);
+    const Window root = DefaultRootWindow(mDisplay);
+    XSelectInput(mDisplay, root, SubstructureNotifyMask); // new windows
+    XDamageCreate(mDisplay, root, XDamageReportRawRectangles);
     XSync(mDisplay, False);
 }
 
@@ -65,15 +63,6 @@ bool XPhone::start(const std::vector<std::string>& command)
     return mPid != 0;
 }
 
-bool XPhone::firstPaint(Milliseconds atMost)
-{
-    const auto deadline = Clock::now() + atMost;
-    if (!findWindow(deadline) || !nextEvent(mDamageEvent + XDamageNotify, deadline))
-        return false;
-    giveKeys();
-    return true;
-}
-
 std::optional<XPhone::Clock::time_point> XPhone::finalPaint(Milliseconds rest, Milliseconds atMost)
 {
     const auto deadline = Clock::now() + atMost;
@@ -84,13 +73,14 @@ std::optional<XPhone::Clock::time_point> XPhone::finalPaint(Milliseconds rest, M
     auto painted = nextEvent(mDamageEvent + XDamageNotify, deadline);
     while (painted && Clock::now() < deadline) {
         const auto now = Clock::now();
-        if (const std::string seen = picture(mHeight); seen != last) {
+        if (const std::string seen = picture(); seen != last) {
             last = seen;
             changed = now;
         }
         painted = nextEvent(mDamageEvent + XDamageNotify, Clock::now() + rest);
     }
-    giveKeys();
+    XSetInputFocus(mDisplay, mWindow, RevertToNone, CurrentTime);
+    XSync(mDisplay, False);
     return painted ? std::nullopt : changed;
 }
 
@@ -98,48 +88,18 @@ bool XPhone::findWindow(Clock::time_point deadline)
 {
     const auto shown = nextEvent(MapNotify, deadline);
     XWindowAttributes attributes;
-    Window child;
     if (!shown || !XGetWindowAttributes(mDisplay, shown->xmap.window, &attributes))
         return false;
     mWindow = shown->xmap.window;
-    mWidth = attributes.width;
-    mHeight = attributes.height;
-    XTranslateCoordinates(mDisplay, mWindow, mRoot, 0, 0, &mX, &mY, &child);
+    mWidth = static_cast<unsigned>(attributes.width);
+    mHeight = static_cast<unsigned>(attributes.height);
     return true;
-}
-
-void XPhone::giveKeys()
-{
-    XSetInputFocus(mDisplay, mWindow, RevertToNone, CurrentTime);
-    XSync(mDisplay, False);
-}
-
-unsigned long XPhone::keyNamed(const std::string& name)
-{
-    return XStringToKeysym(name.c_str());
-}
-
-void XPhone::key(KeySym key, bool down)
-{
-    XTestFakeKeyEvent(mDisplay, XKeysymToKeycode(mDisplay, key), down, CurrentTime);
-    XFlush(mDisplay);
 }
 
 void XPhone::press(KeySym key)
 {
-    this->key(key, true);
-    this->key(key, false);
-}
-
-void XPhone::button(bool down)
-{
-    XTestFakeButtonEvent(mDisplay, Button1, down, CurrentTime);
-    XFlush(mDisplay);
-}
-
-void XPhone::moveTo(int x, int y)
-{
-    XTestFakeMotionEvent(mDisplay, -1, mX + x, mY + y, CurrentTime);
+    for (const Bool down : {True, False})
+        XTestFakeKeyEvent(mDisplay, XKeysymToKeycode(mDisplay, key), down, CurrentTime);
     XFlush(mDisplay);
 }
 
@@ -148,54 +108,27 @@ void XPhone::forgetPaints()
     XSync(mDisplay, True);
 }
 
-std::optional<XPhone::Clock::duration> XPhone::answerTime(Milliseconds atMost)
+std::string XPhone::picture()
 {
-    if (mWindow == None)
-        return {};
-    const auto asked = Clock::now();
-    tell("_NET_WM_PING");
-    if (!nextEvent(ClientMessage, asked + atMost))
-        return {};
-    return Clock::now() - asked;
-}
-
-std::string XPhone::picture(int rows)
-{
-    XImage* image = XGetImage(mDisplay, mWindow, 0, 0, static_cast<unsigned>(mWidth),
-                              static_cast<unsigned>(rows), AllPlanes, ZPixmap);
+    XImage* image = XGetImage(mDisplay, mWindow, 0, 0, mWidth, mHeight, AllPlanes, ZPixmap);
     if (!image)
         return {};
-    const std::string pixels(image->data,
-                             static_cast<size_t>(image->bytes_per_line) * static_cast<size_t>(rows));
+    const std::string pixels(image->data, static_cast<size_t>(image->bytes_per_line) * mHeight);
     XDestroyImage(image);
     return pixels;
 }
 
 void XPhone::closeWindow()
 {
-    tell("WM_DELETE_WINDOW");
-    XFlush(mDisplay);
-}
-
-void XPhone::tell(const char* message)
-{
     XEvent event = {};
     event.xclient.type = ClientMessage;
     event.xclient.window = mWindow;
     event.xclient.message_type = XInternAtom(mDisplay, "WM_PROTOCOLS", False);
     event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(XInternAtom(mDisplay, message, False));
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(mDisplay, "WM_DELETE_WINDOW", False));
     event.xclient.data.l[1] = CurrentTime;
-    event.xclient.data.l[2] = static_cast<long>(mWindow);
     XSendEvent(mDisplay, mWindow, False, NoEventMask, &event);
-}
-
-pid_t XPhone::server() const
-{
-    ucred peer = {};
-    socklen_t size = sizeof peer;
-    getsockopt(ConnectionNumber(mDisplay), SOL_SOCKET, SO_PEERCRED, &peer, &size);
-    return peer.pid;
+    XFlush(mDisplay);
 }
 
 std::optional<int> XPhone::ended(Milliseconds atMost)
