@@ -1,15 +1,20 @@
 #include "HostBus.h"
 
-#include "BusLossReporter.h"
+#include "BusEntrance.h"
+#include "BusProbe.h"
 #include "Log.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
+#include <QDBusMetaType>
 
 namespace {
 
 const Log logger("HostBus");
+
+constexpr int patience = 2000; // milliseconds that the bus may take to answer
+constexpr char addressVariable[] = "DBUS_SESSION_BUS_ADDRESS";
 
 bool connectLoss(QDBusConnection& connection, QObject* receiver, const char* slot)
 {
@@ -18,17 +23,48 @@ bool connectLoss(QDBusConnection& connection, QObject* receiver, const char* slo
                               receiver, slot);
 }
 
+BusWatch& watch()
+{
+    static BusWatch watch;
+    return watch;
+}
+
+QDBusMessage callToBus(const QString& interface, const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                                       QStringLiteral("/org/freedesktop/DBus"), interface, method);
+    call.setArguments(arguments);
+    return call;
+}
+
+// From the moment of the subscription on, so that no change of the owner is missed.
+void followServiceName(QDBusConnection& session)
+{
+    const QString interface = QStringLiteral("org.freedesktop.DBus");
+    session.connect(interface, QString(), interface, QStringLiteral("NameOwnerChanged"),
+                    {BusSignals::service}, QString(), &watch(), SLOT(changeOwner(QDBusMessage)));
+    const QDBusMessage answer = session.call(
+        callToBus(interface, QStringLiteral("GetNameOwner"), {BusSignals::service}), QDBus::Block, patience);
+    watch().setOwnName(session.baseService());
+    if (answer.type() == QDBusMessage::ReplyMessage)
+        watch().setServiceOwner(answer.arguments().value(0).toString());
+}
+
 QDBusConnection& bus()
 {
     static QDBusConnection connection = [] {
+        qDBusRegisterMetaType<HostBus::Texts>();
+        HostBus::avoidSilentBus();
         // Not sessionBus(): that one holds messages back until the event loop runs for the first time, and then
         // delivers them behind newer ones.
         QDBusConnection session =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("vistane"));
-        if (!session.isConnected())
+        if (!session.isConnected()) {
             logger(3, "no session bus: %s", qUtf8Printable(session.lastError().message()));
-        static BusLossReporter reporter;
-        connectLoss(session, &reporter, SLOT(report()));
+            return session;
+        }
+        connectLoss(session, &watch(), SLOT(reportLoss()));
+        followServiceName(session);
         return session;
     }();
     return connection;
@@ -38,24 +74,52 @@ QDBusConnection& bus()
 
 namespace HostBus {
 
+void avoidSilentBus()
+{
+    QByteArray address = qgetenv(addressVariable);
+    if (address.isEmpty() && qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+        address = "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus";
+    if (isBusAnswering(address, patience))
+        return;
+    logger(3, "the session bus does not answer");
+    qputenv(addressVariable, "unix:path=/the bus does not answer");
+}
+
 bool isConnected()
 {
     return bus().isConnected();
 }
 
-bool send(const QString& path, const QString& interface, const QString& signal, const QVariantList& arguments)
+bool send(const BusSignal& signal, const QVariantList& arguments, const QString& path)
 {
     if (!isConnected())
         return false;
-    QDBusMessage message = QDBusMessage::createSignal(path, interface, signal);
+    QDBusMessage message =
+        QDBusMessage::createSignal(path.isEmpty() ? signal.path : path, signal.interface, signal.name);
     message.setArguments(arguments);
     return bus().send(message);
 }
 
-bool subscribe(const QString& path, const QString& interface, const QString& signal, QObject* receiver,
-               const char* slot)
+bool subscribe(const BusSignal& signal, QObject* context, Receiver receive, RefusedReceiver refused)
 {
-    return isConnected() && bus().connect(QString(), path, interface, signal, receiver, slot);
+    if (!isConnected())
+        return false;
+    auto* entrance = new BusEntrance(
+        signal.signature, std::move(receive), std::move(refused),
+        [](const QString& sender) { return watch().mayBeService(sender); }, context);
+    return bus().connect(QString(), signal.path, signal.interface, signal.name, entrance,
+                         SLOT(receive(QDBusMessage)));
+}
+
+void deliverPending(QObject* context)
+{
+    for (BusEntrance* entrance : context->findChildren<BusEntrance*>(Qt::FindDirectChildrenOnly))
+        QCoreApplication::sendPostedEvents(entrance, QEvent::MetaCall);
+}
+
+bool ownServiceName()
+{
+    return isConnected() && bus().registerService(BusSignals::service);
 }
 
 bool onLost(QObject* receiver, const char* slot)
@@ -68,10 +132,9 @@ bool flush()
     if (!isConnected())
         return false;
     // The bus answers in order, so its answer comes after all that went before.
-    QDBusMessage ping =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    return bus().call(ping).type() == QDBusMessage::ReplyMessage;
+    const QDBusMessage ping =
+        callToBus(QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"), {});
+    return bus().call(ping, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace HostBus

@@ -1,24 +1,64 @@
 #pragma once
 
+#include "BusSignals.h"
+
 #include <QVariantList>
 
-class QObject;
-class QString;
+#include <functional>
 
-// The session bus under all of the platform's messages: signals only, no name owned. Without a bus everything
-// answers false, one log line says so, and the program goes on; so it does when the bus goes away.
+class QObject;
+
+// The session bus under all of the platform's messages. Without a bus everything answers false, one log line says so,
+// and the program goes on; so it does when the bus goes away.
 namespace HostBus {
+
+// A map of texts, as event parameters travel.
+using Texts = QMap<QString, QString>;
+
+// Largest text or array of bytes in a message, and most elements of a list or map, that are let in.
+constexpr qsizetype largestText = 256 * 1024;
+constexpr qsizetype mostElements = 1000;
+
+// A signal that was let in.
+struct Message
+{
+    QString path;
+    QVariantList arguments; // int, bool, QString, QByteArray, QStringList, Texts, as the signature says
+    // False when somebody owns the service's name and this came neither from him nor from this process.
+    bool mayBeService = true;
+};
+
+// A signal that was not.
+struct Refused
+{
+    QString path, interface, name, signature;
+    const char* reason;
+};
+
+using Receiver = std::function<void(const Message&)>;
+using RefusedReceiver = std::function<void(const Refused&)>;
+
+// To be called before anything asks for the session bus, the application object included. A bus that accepts and then
+// does not answer within two seconds would be waited for without end; from here on it counts as none.
+void avoidSilentBus();
 
 // True when there is a session bus.
 bool isConnected();
 
-// Sends one signal to everybody on the bus, the sender included. False when it could not be queued.
-bool send(const QString& path, const QString& interface, const QString& signal, const QVariantList& arguments);
+// Sends one signal to everybody on the bus, the sender included. `path` stands in for the path of a signal that has
+// none of its own. False when it could not be queued.
+bool send(const BusSignal& signal, const QVariantList& arguments, const QString& path = {});
 
-// Calls `slot` of `receiver` (as in SLOT()), whose arguments are the signal's, for every such signal until the
-// receiver is destroyed. An empty path means every path. False when there is no bus.
-bool subscribe(const QString& path, const QString& interface, const QString& signal, QObject* receiver,
-               const char* slot);
+// The one entrance for what others send. Calls `receive` from the event loop for every such signal, until `context` is
+// destroyed; an empty path means every path. One with another signature, or with a larger content than above, is
+// refused: `refused` is told, or the log when there is none. False when there is no bus.
+bool subscribe(const BusSignal& signal, QObject* context, Receiver receive, RefusedReceiver refused = {});
+
+// Calls the receivers of `context` now for all that has come in up to now.
+void deliverPending(QObject* context);
+
+// Owns the service's name until the process ends. False when there is no bus, or when another process owns it.
+bool ownServiceName();
 
 // Calls `slot` of `receiver` (as in SLOT(), without arguments) when a bus that was there goes away, until the
 // receiver is destroyed. False when there is no bus. The log says that it is gone by itself.

@@ -3,7 +3,6 @@
 #include "DesktopLink.h"
 #include "HostBus.h"
 #include "Log.h"
-#include "PlatformSignals.h"
 
 #include <QFile>
 #include <QProcess>
@@ -82,8 +81,7 @@ void announce(std::string_view operation, const std::vector<std::string>& argume
     QStringList texts;
     for (const std::string& argument : arguments)
         texts << asText(argument);
-    HostBus::send(PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::request,
-                  {asText(operation), texts});
+    HostBus::send(BusSignals::request, {asText(operation), texts});
 }
 
 bool isOn()

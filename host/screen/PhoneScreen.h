@@ -28,6 +28,9 @@ public:
     // Takes a layer off and gives the keys back to what is then on top. Harmless for one that is not there.
     void take(QWidget* layer);
 
+    // Whether there is no layer at all.
+    bool isEmpty() const { return mLayers.isEmpty(); }
+
     // Whether the widget is the topmost layer or a part of it.
     bool isOnTop(const QWidget* widget) const;
 

@@ -2,7 +2,6 @@
 
 #include "HostBus.h"
 #include "Log.h"
-#include "QCopWire.h"
 
 #include <algorithm>
 
@@ -25,22 +24,20 @@ bool isPath(const QString& channel)
 QCopChannel::QCopChannel(const QCString& channel, QObject* parent, const char* name) : QObject(parent)
 {
     setObjectName(QString::fromLatin1(name));
-    const QString path = QString::fromUtf8(channel);
-    if (!isPath(path))
+    BusSignal signal = BusSignals::channel;
+    signal.path = QString::fromUtf8(channel);
+    if (!isPath(signal.path)) {
         logger(3, "%s is no channel name", channel.constData());
-    else
-        HostBus::subscribe(path, QCopWire::interface, QCopWire::signal, this,
-                           SLOT(receive(QString, QByteArray)));
+        return;
+    }
+    HostBus::subscribe(signal, this, [this](const HostBus::Message& message) {
+        emit received(message.arguments[0].toString().toUtf8(), message.arguments[1].toByteArray());
+    });
 }
 
 bool QCopChannel::send(const QCString& channel, const QCString& message, const QByteArray& data)
 {
     const QString path = QString::fromUtf8(channel);
     return isPath(path) &&
-           HostBus::send(path, QCopWire::interface, QCopWire::signal, {QString::fromUtf8(message), data});
-}
-
-void QCopChannel::receive(const QString& message, const QByteArray& data)
-{
-    emit received(message.toUtf8(), data);
+           HostBus::send(BusSignals::channel, {QString::fromUtf8(message), data}, path);
 }

@@ -20,7 +20,4 @@ public:
 
 signals:
     void received(const QCString& message, const QByteArray& data);
-
-private slots:
-    void receive(const QString& message, const QByteArray& data);
 };

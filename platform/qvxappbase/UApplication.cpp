@@ -5,7 +5,6 @@
 #include "Log.h"
 #include "Look.h"
 #include "PhoneScreen.h"
-#include "PlatformSignals.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFontDatabase>
@@ -16,10 +15,11 @@ namespace {
 
 const Log logger("UApplication");
 
-// The phone looks the same everywhere: no desktop's theme, no colours or fonts but its own.
-int& withoutDesktopTheme(int& argc)
+// The phone looks the same everywhere: no desktop's theme, no colours or fonts but its own. Qt asks for the bus, too.
+int& beforeQtStarts(int& argc)
 {
     QApplication::setDesktopSettingsAware(false);
+    HostBus::avoidSilentBus();
     Fonts::configure();
     return argc;
 }
@@ -27,7 +27,7 @@ int& withoutDesktopTheme(int& argc)
 } // namespace
 
 UApplication::UApplication(int& argc, char** argv, Type /*type*/)
-    : QApplication(withoutDesktopTheme(argc), argv)
+    : QApplication(beforeQtStarts(argc), argv)
 {
     setStyle(QStringLiteral("fusion"));
     setPalette(Look::palette());
@@ -39,8 +39,12 @@ UApplication::UApplication(int& argc, char** argv, Type /*type*/)
                   "fonts-dejavu-core");
     loadFixedTexts();
     mScreen = std::make_unique<PhoneScreen>();
-    HostBus::subscribe(PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::returnToIdle,
-                       this, SLOT(receiveReturnToIdle(int)));
+    HostBus::subscribe(BusSignals::returnToIdle, this, [this](const HostBus::Message& message) {
+        if (mScreen->isEmpty())
+            logger(3, "a return to idle is dropped: nothing is shown yet");
+        else
+            emit askReturnToIdle(message.arguments[0].toInt());
+    });
 }
 
 UApplication::~UApplication() = default;
@@ -48,6 +52,11 @@ UApplication::~UApplication() = default;
 UApplication* UApplication::instance()
 {
     return static_cast<UApplication*>(QCoreApplication::instance());
+}
+
+void UApplication::setMainWidget(QWidget* /*widget*/)
+{
+    HostBus::deliverPending(this);
 }
 
 void UApplication::wakeUpGuiThread()

@@ -21,8 +21,9 @@ public:
 
     static UApplication* instance();
 
-    // Accepted and unused: on one screen of pages none stands out.
-    void setMainWidget(QWidget* /*widget*/) {}
+    // To be called before the first page is shown. On one screen of pages none stands out; but what was asked of the
+    // program up to now, when there was nothing to close, is dropped.
+    void setMainWidget(QWidget* widget);
 
     // Makes the event loop look at its timers and events at once.
     void wakeUpGuiThread();
@@ -33,9 +34,6 @@ public:
 signals:
     // The phone wants its idle screen back: every window of the program is to close. `reason` is the phone's.
     void askReturnToIdle(int reason);
-
-private slots:
-    void receiveReturnToIdle(int reason) { emit askReturnToIdle(reason); }
 
 private:
     void loadFixedTexts();

@@ -2,17 +2,21 @@
 
 #include "EventWire.h"
 #include "HostBus.h"
+#include "Log.h"
+#include "NR_Constants.h"
 #include "Vt_EventHandler.h"
-
-#include <QDBusMessage>
 
 #include <algorithm>
 
+namespace {
+
+const Log logger("EventDispatcher");
+
+} // namespace
+
 void EventDispatcher::add(const std::string& eventName, Vt_EventHandler* handler)
 {
-    if (!mListening)
-        mListening = HostBus::subscribe(EventWire::path, EventWire::interface, EventWire::signal, this,
-                                        SLOT(receive(QDBusMessage)));
+    listen();
     const bool known = std::any_of(mSubscriptions.begin(), mSubscriptions.end(), [&](const Subscription& one) {
         return one.handler == handler && one.eventName == eventName;
     });
@@ -34,17 +38,24 @@ void EventDispatcher::remove(Vt_EventHandler* handler)
 
 bool EventDispatcher::send(const Vt_Event& event, int mode)
 {
-    if (HostBus::send(EventWire::path, EventWire::interface, EventWire::signal, EventWire::pack(event, mode)))
+    if (HostBus::send(BusSignals::event, EventWire::pack(event, mode)))
         return true;
     QMetaObject::invokeMethod(
         this, [this, event] { deliver(event); }, Qt::QueuedConnection);
     return false;
 }
 
-void EventDispatcher::receive(const QDBusMessage& message)
+void EventDispatcher::listen()
 {
-    if (const auto received = EventWire::unpack(message))
-        deliver(received->event);
+    if (mListening)
+        return;
+    mListening = HostBus::subscribe(BusSignals::event, this, [this](const HostBus::Message& message) {
+        const Vt_Event event = EventWire::unpack(message.arguments).event;
+        if (message.mayBeService || !NR_Constants::isOfService(event.name()))
+            deliver(event);
+        else
+            logger(3, "%s is dropped: it does not come from the service", event.name().c_str());
+    });
 }
 
 bool EventDispatcher::isStillThere(int number) const

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-class QDBusMessage;
 class Vt_EventHandler;
 
 // The subscriptions of this process, and the way of events to them: over the session bus, or within the
@@ -24,9 +23,6 @@ public:
     // Returns at once. False when the event stays within the process.
     bool send(const Vt_Event& event, int mode);
 
-private slots:
-    void receive(const QDBusMessage& message);
-
 private:
     struct Subscription
     {
@@ -35,6 +31,7 @@ private:
         int number; // tells a new handler from a deleted one at the same address
     };
 
+    void listen();
     bool isStillThere(int number) const;
     void deliver(const Vt_Event& event);
 

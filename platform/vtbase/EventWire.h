@@ -2,19 +2,10 @@
 
 #include "Vt_Event.h"
 
-#include <QString>
 #include <QVariantList>
-
-#include <optional>
-
-class QDBusMessage;
 
 // How an event travels on the session bus.
 namespace EventWire {
-
-inline const QString path = QStringLiteral("/Vistane/Events");
-inline const QString interface = QStringLiteral("org.vistane.Core1");
-inline const QString signal = QStringLiteral("Event");
 
 struct Received
 {
@@ -24,7 +15,7 @@ struct Received
 
 QVariantList pack(const Vt_Event& event, int mode);
 
-// Nothing when the signal's arguments are not those of an event.
-std::optional<Received> unpack(const QDBusMessage& message);
+// `arguments` are those of a BusSignals::event.
+Received unpack(const QVariantList& arguments);
 
 } // namespace EventWire

@@ -105,7 +105,7 @@ void sendToMenu(const char* message = "")
 
 void askForIdleScreen()
 {
-    EXPECT_TRUE(HostBus::send("/Vistane/Platform", "org.vistane.Platform1", "ReturnToIdle", {5}));
+    EXPECT_TRUE(HostBus::send(BusSignals::returnToIdle, {5}));
     HostBus::flush();
 }
 
@@ -119,8 +119,10 @@ TEST(Program, WaitsForTheIdentity)
     program.start();
     ASSERT_TRUE(program.waitForLog(noImsi, 2));
     sendToMenu();
+    askForIdleScreen();
     EXPECT_FALSE(program.process.waitForFinished(100)) << "nothing but the identity ends the wait";
     program.store().setFact("imsi", "001010123456789");
+    ASSERT_TRUE(program.waitForLog("a return to idle is dropped")) << "there was nothing to close yet";
     const int attempts = program.count(noImsi);
     program.endBy([] { sendToMenu(); });
     EXPECT_EQ(program.count(noImsi), attempts);

@@ -28,7 +28,7 @@ void send(const Vt_Event& event)
 TEST(ApiProvider, SendsTheEventOfEachAction)
 {
     ApiProvider::instance();
-    BusListener bus("/Vistane/Events", "org.vistane.Core1", "Event");
+    BusListener bus(BusSignals::event);
     using Events = std::vector<std::string>; // name, value, map, whether there is one, text, mode
     const std::pair<const char*, Events> actions[] = {
         {"READ_STORY_API", {"EVENT_NAVIGATE|7||false||1"}},
@@ -75,7 +75,7 @@ TEST(ApiProvider, FollowsTheServiceAndSavesTheMemoryTexts)
     EXPECT_EQ(PrivateFile::read(MemoryFile::defaultPath), "1 M\n9 M\n3 M\n");
     std::remove(MemoryFile::defaultPath);
     // What comes now must not go to the provider that is gone.
-    BusListener bus("/Vistane/Events", "org.vistane.Core1", "Event");
+    BusListener bus(BusSignals::event);
     for (const Vt_Event& event : {started, completed, storage})
         send(event);
     EXPECT_EQ(bus.take().size(), 3);

@@ -1,26 +1,40 @@
 #pragma once
 
-#include <QDBusMessage>
+#include "HostBus.h"
+
 #include <QObject>
+#include <QStringList>
+
+#include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 // Hears one signal of the session bus, whoever sends it, while it lives.
 class BusListener : public QObject
 {
-    Q_OBJECT
-
 public:
-    BusListener(const char* path, const char* interface, const char* signal);
+    explicit BusListener(const BusSignal& signal)
+    {
+        EXPECT_TRUE(HostBus::subscribe(signal, this, [this](const HostBus::Message& message) {
+            QStringList words;
+            for (const QVariant& argument : message.arguments)
+                words += argument.typeId() == QMetaType::QStringList ? argument.toStringList()
+                                                                     : QStringList(argument.toString());
+            mHeard.push_back(words.join(u'|').toStdString());
+        }));
+        HostBus::flush();
+    }
 
     // What was sent up to now and since the last call, each as "argument|argument|...".
-    std::vector<std::string> take();
-
-private slots:
-    void receive(const QDBusMessage& message);
+    std::vector<std::string> take()
+    {
+        HostBus::flush();
+        HostBus::deliverPending(this);
+        return std::exchange(mHeard, {});
+    }
 
 private:
-    const QString mPath, mInterface, mSignal;
     std::vector<std::string> mHeard;
 };

@@ -6,5 +6,5 @@
 class PlatformRequests : public BusListener
 {
 public:
-    PlatformRequests() : BusListener("/Vistane/Platform", "org.vistane.Platform1", "Request") {}
+    PlatformRequests() : BusListener(BusSignals::request) {}
 };

@@ -3,7 +3,6 @@
 #include "HostBus.h"
 #include "MenuChannel.h"
 #include "NR_Constants.h"
-#include "PlatformSignals.h"
 #include "QCopChannel.h"
 #include "Tool.h"
 #include "Vt_Event.h"
@@ -70,9 +69,7 @@ int close(const Tool& tool)
 int idle(const Tool& tool)
 {
     constexpr int reason = 0;
-    const bool sent = HostBus::send(PlatformSignals::path, PlatformSignals::busInterface,
-                                    PlatformSignals::returnToIdle, {reason});
-    return afterSending(tool, sent, "idle");
+    return afterSending(tool, HostBus::send(BusSignals::returnToIdle, {reason}), "idle");
 }
 
 } // namespace

@@ -67,6 +67,10 @@ void report(bool json, const std::string& what, const std::string& details)
 int serve(const Tool& tool, const Arguments& arguments)
 {
     const EndOnSignal endOnSignal;
+    if (!HostBus::isConnected())
+        return tool.fail(NoBus, "service", "there is no session bus");
+    if (!HostBus::ownServiceName())
+        return tool.fail(Refused, "service", "another service is running");
     {
         StandInService::Plan plan = arguments.plan;
         plan.outcome = outcomes.at(arguments.outcome);
@@ -102,8 +106,7 @@ void addServiceCommand(Tool& tool)
     command.add_flag("--once", arguments->once, "End after one refresh, however it ends");
     command.footer("Runs until it is ended. Says \"ready\" once it cannot miss a request, then a line for each "
                    "thing it does.\n"
-                   "A request during a refresh is refused, as the service does while one is queued. Run one at "
-                   "a time: each\n"
-                   "of several would answer every request.");
+                   "A request during a refresh is refused, as the service does while one is queued. Only one "
+                   "service runs at a time.");
     tool.onRun(command, [&tool, arguments](CoreStore&) { return serve(tool, *arguments); });
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <limits>
 
 namespace {
 
@@ -22,6 +23,12 @@ void send(const std::string& name, int value = 0,
 std::string memoryText(int kilobytes)
 {
     return std::to_string(kilobytes) + " K";
+}
+
+// The store's numbers end in 2038.
+int timeToStore(std::time_t seconds)
+{
+    return static_cast<int>(std::min<std::time_t>(seconds, std::numeric_limits<int>::max()));
 }
 
 } // namespace
@@ -106,7 +113,7 @@ void StandInService::cancel()
 // Everything that a page of details shows is up to date before the status that ends the run makes it look.
 void StandInService::finish(const char* result)
 {
-    setIntSetting(GROUP_DCD, "RuntimeValues.LastUpdateTime", static_cast<int>(std::time(nullptr)));
+    setIntSetting(GROUP_DCD, "RuntimeValues.LastUpdateTime", timeToStore(mPlan.clock()));
     setStringSetting(GROUP_DCD, "RuntimeValues.LastUpdateResult", result);
     mReport("finished", result);
     tellMemory();

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <ctime>
 #include <functional>
 #include <string>
 
@@ -24,6 +25,7 @@ public:
         int stepMs = 1000; // from one status to the next
         int items = 12;    // what a successful run downloads
         int bytes = 34816;
+        std::time_t (*clock)() = [] { return std::time(nullptr); };
     };
 
     // Gets a word for each thing that is done, and details that may be empty.

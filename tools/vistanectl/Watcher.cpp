@@ -1,34 +1,13 @@
 #include "Watcher.h"
 
 #include "EventWire.h"
-#include "HostBus.h"
 #include "Output.h"
-#include "PlatformSignals.h"
-#include "QCopWire.h"
 
 #include <QCoreApplication>
-#include <QDBusMessage>
 #include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
-
-struct Subscription
-{
-    QString path; // empty for all
-    QString interface;
-    QString signal;
-    const char* slot;
-};
-
-const Subscription subscriptions[] = {
-    {EventWire::path, EventWire::interface, EventWire::signal, SLOT(showEvent(QDBusMessage))},
-    {{}, QCopWire::interface, QCopWire::signal, SLOT(showChannel(QDBusMessage))},
-    {PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::request,
-     SLOT(showRequest(QDBusMessage))},
-    {PlatformSignals::path, PlatformSignals::busInterface, PlatformSignals::returnToIdle,
-     SLOT(showIdle(QDBusMessage))},
-};
 
 QString text(const std::string& utf8)
 {
@@ -39,22 +18,27 @@ QString text(const std::string& utf8)
 
 bool Watcher::start()
 {
-    for (const auto& [path, interface, signal, slot] : subscriptions)
-        if (!HostBus::subscribe(path, interface, signal, this, slot))
+    const std::pair<const BusSignal&, void (Watcher::*)(const HostBus::Message&) const> watched[] = {
+        {BusSignals::event, &Watcher::showEvent},
+        {BusSignals::channel, &Watcher::showChannel},
+        {BusSignals::request, &Watcher::showRequest},
+        {BusSignals::returnToIdle, &Watcher::showIdle},
+    };
+    for (const auto& [signal, show] : watched)
+        if (!HostBus::subscribe(
+                signal, this, [this, show = show](const HostBus::Message& message) { (this->*show)(message); },
+                [this](const HostBus::Refused& refused) { printUnknown(refused); }))
             return false;
     return HostBus::onLost(QCoreApplication::instance(), SLOT(quit())) && HostBus::flush();
 }
 
-void Watcher::showEvent(const QDBusMessage& message)
+void Watcher::showEvent(const HostBus::Message& message) const
 {
-    const auto received = EventWire::unpack(message);
-    if (!received)
-        return printUnknown(message);
-    const Vt_Event& event = received->event;
+    const auto [event, mode] = EventWire::unpack(message.arguments);
     QStringList columns = {"event", text(event.name()), QString::number(event.value())};
     QJsonValue parameters;
-    if (received->mode != 0)
-        columns << "mode=" + QString::number(received->mode);
+    if (mode != 0)
+        columns << "mode=" + QString::number(mode);
     if (!event.text().empty())
         columns << "text=" + text(event.text());
     if (event.parameters()) {
@@ -68,39 +52,33 @@ void Watcher::showEvent(const QDBusMessage& message)
     print(columns, {{"kind", "event"},
                     {"name", text(event.name())},
                     {"value", event.value()},
-                    {"mode", received->mode},
+                    {"mode", mode},
                     {"text", text(event.text())},
                     {"parameters", parameters}});
 }
 
-void Watcher::showChannel(const QDBusMessage& message)
+void Watcher::showChannel(const HostBus::Message& message) const
 {
-    if (message.signature() != "say")
-        return printUnknown(message);
-    const QString words = message.arguments().at(0).toString();
-    const QString data = QString::fromLatin1(message.arguments().at(1).toByteArray().toHex());
-    QStringList columns = {"channel", message.path(), words};
+    const QString words = message.arguments[0].toString();
+    const QString data = QString::fromLatin1(message.arguments[1].toByteArray().toHex());
+    QStringList columns = {"channel", message.path, words};
     if (!data.isEmpty())
         columns << "data=" + data;
-    print(columns, {{"kind", "channel"}, {"channel", message.path()}, {"message", words}, {"data", data}});
+    print(columns, {{"kind", "channel"}, {"channel", message.path}, {"message", words}, {"data", data}});
 }
 
-void Watcher::showRequest(const QDBusMessage& message)
+void Watcher::showRequest(const HostBus::Message& message) const
 {
-    if (message.signature() != "sas")
-        return printUnknown(message);
-    const QString operation = message.arguments().at(0).toString();
-    const QStringList arguments = message.arguments().at(1).toStringList();
+    const QString operation = message.arguments[0].toString();
+    const QStringList arguments = message.arguments[1].toStringList();
     print(
         QStringList{"request", operation} + arguments,
         {{"kind", "request"}, {"operation", operation}, {"arguments", QJsonArray::fromStringList(arguments)}});
 }
 
-void Watcher::showIdle(const QDBusMessage& message)
+void Watcher::showIdle(const HostBus::Message& message) const
 {
-    if (message.signature() != "i")
-        return printUnknown(message);
-    const int reason = message.arguments().at(0).toInt();
+    const int reason = message.arguments[0].toInt();
     print({"idle", QString::number(reason)}, {{"kind", "idle"}, {"reason", reason}});
 }
 
@@ -114,12 +92,12 @@ void Watcher::print(const QStringList& columns, const QJsonObject& object) const
     Output::line(line);
 }
 
-void Watcher::printUnknown(const QDBusMessage& message) const
+void Watcher::printUnknown(const HostBus::Refused& refused) const
 {
-    print({"unknown", message.path(), message.interface(), message.member(), message.signature()},
+    print({"unknown", refused.path, refused.interface, refused.name, refused.signature},
           {{"kind", "unknown"},
-           {"path", message.path()},
-           {"interface", message.interface()},
-           {"signal", message.member()},
-           {"signature", message.signature()}});
+           {"path", refused.path},
+           {"interface", refused.interface},
+           {"signal", refused.name},
+           {"signature", refused.signature}});
 }

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QObject>
+#include "HostBus.h"
 
-class QDBusMessage;
+#include <QObject>
 
 // Prints what goes over the bus, one line each, as it happens.
 class Watcher : public QObject
 {
-    Q_OBJECT
-
 public:
     explicit Watcher(bool json) : mJson(json) {}
 
@@ -16,16 +14,14 @@ public:
     // application quits when the bus goes away.
     bool start();
 
-private slots:
-    void showEvent(const QDBusMessage& message);
-    void showChannel(const QDBusMessage& message);
-    void showRequest(const QDBusMessage& message);
-    void showIdle(const QDBusMessage& message);
-
 private:
+    void showEvent(const HostBus::Message& message) const;
+    void showChannel(const HostBus::Message& message) const;
+    void showRequest(const HostBus::Message& message) const;
+    void showIdle(const HostBus::Message& message) const;
     // Texts of one line, and the same for machines.
     void print(const QStringList& columns, const QJsonObject& object) const;
-    void printUnknown(const QDBusMessage& message) const;
+    void printUnknown(const HostBus::Refused& refused) const;
 
     bool mJson;
 };

@@ -1,4 +1,3 @@
-#include "EventWire.h"
 #include "HostBus.h"
 #include "QCopChannel.h"
 #include "Vistanectl.h"
@@ -59,12 +58,11 @@ TEST(Bus, WhatIsSentIsWatched)
         EXPECT_EQ(people.line(), line);
         EXPECT_EQ(machines.line(), json + '\n');
     }
-    HostBus::send("/Vistane/Platform", "org.vistane.Platform1", "Request",
-                  {"loadURL", QStringList{"http://h/\x1b[1m", ""}});
+    HostBus::send(BusSignals::request, {"loadURL", QStringList{"http://h/\x1b[1m", ""}});
     EXPECT_EQ(people.line(), "request\tloadURL\thttp://h/\\u001b[1m\t\n");
     QCopChannel::send("/Some/Channel", "hello", QByteArray("\0\xff", 2));
     EXPECT_EQ(people.line(), "channel\t/Some/Channel\thello\tdata=00ff\n");
-    HostBus::send(EventWire::path, EventWire::interface, EventWire::signal, {"EVENT_NAVIGATE"});
+    HostBus::send(BusSignals::event, {"EVENT_NAVIGATE"});
     EXPECT_EQ(people.line(), "unknown\t/Vistane/Events\torg.vistane.Core1\tEvent\ts\n");
 }
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+// A signal of ours on the bus: where it is sent, and what a receiver may count on.
+struct BusSignal
+{
+    QString path; // empty: each at a path of its own
+    QString interface;
+    QString name;
+    QString signature; // exactly that of its arguments
+};
+
+namespace BusSignals {
+
+// An event: name, value, parameters, whether it has parameters, text, mode.
+inline const BusSignal event = {QStringLiteral("/Vistane/Events"), QStringLiteral("org.vistane.Core1"),
+                                QStringLiteral("Event"), QStringLiteral("sia{ss}bsi")};
+// A channel's message: its text and its data, at the path that is the channel's name.
+inline const BusSignal channel = {{}, QStringLiteral("org.vistane.QCop1"), QStringLiteral("Received"),
+                                  QStringLiteral("say")};
+// A request to other applications: operation, arguments as text.
+inline const BusSignal request = {QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
+                                  QStringLiteral("Request"), QStringLiteral("sas")};
+// Applications are to return to the idle screen: reason.
+inline const BusSignal returnToIdle = {QStringLiteral("/Vistane/Platform"),
+                                       QStringLiteral("org.vistane.Platform1"), QStringLiteral("ReturnToIdle"),
+                                       QStringLiteral("i")};
+
+// The name that the headlines service owns while it runs.
+inline const QString service = QStringLiteral("org.vistane.Service1");
+
+} // namespace BusSignals

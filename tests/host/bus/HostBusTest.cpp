@@ -1,0 +1,169 @@
+#include "BusProbe.h"
+#include "HostBus.h"
+#include "LogCapture.h"
+#include "NR_Constants.h"
+#include "QCopChannel.h"
+#include "Vt_Event.h"
+#include "Vt_EventAndStatusFacade.h"
+#include "Vt_EventHandler.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+// Another program on the bus, as the bus sees it.
+struct Stranger
+{
+    ~Stranger() { QDBusConnection::disconnectFromBus("stranger"); }
+
+    void send(const BusSignal& signal, const QVariantList& arguments)
+    {
+        QDBusMessage message = QDBusMessage::createSignal(signal.path, signal.interface, signal.name);
+        message.setArguments(arguments);
+        EXPECT_TRUE(bus.send(message));
+    }
+
+    // Until the bus has passed on everything that was sent.
+    void flush()
+    {
+        bus.call(QDBusMessage::createMethodCall("org.freedesktop.DBus", "/", "org.freedesktop.DBus.Peer", "Ping"));
+        HostBus::flush();
+    }
+
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "stranger");
+};
+
+// Arguments of any type, at most three of them: 258 signatures, each of which no signal of ours has.
+std::vector<QVariantList> anyArguments()
+{
+    QDBusArgument structure;
+    structure.beginStructure();
+    structure << 5;
+    structure.endStructure();
+    QDBusArgument texts;
+    texts.beginMap(QMetaType(QMetaType::QString), QMetaType(QMetaType::QString));
+    texts.endMap();
+    const QVariant values[] = {5, "text", QVariant::fromValue(structure), QVariant::fromValue(texts),
+                               QVariant::fromValue(QDBusVariant(5)), 5.0};
+    std::vector<QVariantList> lists = {{}};
+    for (size_t begin = 0, length = 0; length < 3; ++length) {
+        const size_t end = lists.size();
+        for (; begin < end; ++begin)
+            for (const QVariant& value : values)
+                lists.push_back(lists[begin] + QVariantList{value});
+    }
+    std::erase(lists, QVariantList{5}); // a return to idle
+    return lists;
+}
+
+struct Handler : Vt_EventHandler
+{
+    using Vt_EventHandler::Vt_EventHandler;
+    void handleEvent(const Vt_Event& event) override { values.push_back(event.value()); }
+    std::vector<int> values;
+};
+
+QVariantList event(const std::string& name, int value, const QString& text = {})
+{
+    return {QString::fromStdString(name), value, QVariant::fromValue(HostBus::Texts()), true, text, 0};
+}
+
+} // namespace
+
+TEST(HostBus, NothingButTheVerySignatureIsLetIn)
+{
+    const LogCapture log;
+    QObject context;
+    int letIn = 0;
+    const BusSignal& channelSignal = BusSignals::channel;
+    BusSignal menu = channelSignal;
+    menu.path = "/Vistane/MenuListener";
+    const BusSignal ours[] = {BusSignals::event, menu, BusSignals::request, BusSignals::returnToIdle};
+    for (const BusSignal& signal : ours)
+        ASSERT_TRUE(HostBus::subscribe(signal, &context, [&](const HostBus::Message&) { ++letIn; }));
+    const QCopChannel channel("/Vistane/MenuListener");
+    const QSignalSpy messages(&channel, &QCopChannel::received);
+    const Handler handler("5");
+    HostBus::flush();
+
+    Stranger stranger;
+    const std::vector<QVariantList> all = anyArguments();
+    ASSERT_GT(all.size(), 200U);
+    for (const BusSignal& signal : ours)
+        for (const QVariantList& arguments : all)
+            stranger.send(signal, arguments);
+    stranger.flush();
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(letIn, 0);
+    EXPECT_EQ(messages.size(), 0);
+    EXPECT_TRUE(handler.values.empty());
+    EXPECT_GE(log.lines().size(), 4 * all.size()) << "each has its line";
+
+    stranger.send(BusSignals::returnToIdle, {5});
+    stranger.send(menu, {"close", QByteArray("\0", 1)});
+    stranger.send(menu, {"close", QByteArray(HostBus::largestText + 1, 'x')});
+    stranger.send(BusSignals::event, event("5", 7, QString(HostBus::largestText + 1, 'x')));
+    stranger.send(BusSignals::request, {"loadURL", QStringList(HostBus::mostElements + 1)});
+    stranger.flush();
+    HostBus::deliverPending(&context);
+    EXPECT_EQ(letIn, 2);
+}
+
+TEST(HostBus, WhoIsNoServiceCannotPlayOne)
+{
+    const LogCapture log;
+    const Handler status(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS);
+    const Handler asked(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH);
+    const auto sendBoth = [](Stranger& peer, int value) {
+        peer.send(BusSignals::event, event(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS, value));
+        peer.send(BusSignals::event, event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, value));
+        peer.flush();
+        QCoreApplication::sendPostedEvents();
+    };
+    QDBusConnection service = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "service");
+    Stranger stranger;
+    sendBoth(stranger, 1);
+    ASSERT_TRUE(service.registerService(BusSignals::service));
+    EXPECT_FALSE(HostBus::ownServiceName()) << "there is one already";
+    sendBoth(stranger, 2);
+    Stranger itself{service};
+    sendBoth(itself, 3);
+    Vt_EventAndStatusFacade::instance()->sendEvent(
+        Vt_Event(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS, 4), 0);
+    service.unregisterService(BusSignals::service);
+    sendBoth(stranger, 5);
+    EXPECT_EQ(status.values, (std::vector{1, 3, 4, 5}));
+    EXPECT_EQ(asked.values, (std::vector{1, 2, 3, 5}));
+    EXPECT_EQ(log.lines().size(), 1U) << log.text();
+    QDBusConnection::disconnectFromBus("service");
+}
+
+// A socket that takes connections and never says a word, as far as its backlog goes; then it takes none.
+TEST(HostBus, ABusThatKeepsSilentIsNone)
+{
+    const QTemporaryDir dir;
+    const QByteArray path = dir.filePath("bus").toUtf8();
+    const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address = {AF_UNIX, {}};
+    path.toStdString().copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    EXPECT_TRUE(isBusAnswering("unix:path=" + path, 100)) << "who refuses is not waited for";
+    ASSERT_EQ(listen(listener, 0), 0);
+    for (int tries = 0; tries < 3; ++tries)
+        EXPECT_FALSE(isBusAnswering("unix:path=" + path + ",guid=0123", 100)) << tries;
+    EXPECT_TRUE(isBusAnswering("unix:path=/nowhere", 100));
+    EXPECT_TRUE(isBusAnswering(qgetenv("DBUS_SESSION_BUS_ADDRESS"), 60'000));
+    close(listener);
+}
