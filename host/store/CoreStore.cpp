@@ -1,28 +1,66 @@
 #include "CoreStore.h"
 
+#include "Log.h"
 #include "SettingGroups.h"
 #include "StoreFile.h"
-#include "StoreQueries.h"
 #include "StoreSchema.h"
-#include "StoreTransaction.h"
 
+#include <QDeadlineTimer>
 #include <QStandardPaths>
 #include <QtGlobal>
 
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <limits>
 
-using Run = Sqlite::Statement::Run;
+using Sqlite::Run;
 
+// The file, what it is opened by, and everything that is asked of it.
 struct CoreStore::Database
 {
+    StoreFile file;
     Sqlite::Connection connection;
-    StoreQueries queries{connection};
     bool onDisk = false;
+    bool inTransaction = false;
+    QDeadlineTimer impatient{0}; // until then, nobody is waited for
+
+    Sqlite::Query readSetting{
+        connection, "SELECT type, value FROM setting WHERE grp = ?1 AND key = ?2 ORDER BY layer DESC LIMIT 1"};
+    Sqlite::Query writeSetting{
+        connection, "INSERT OR REPLACE INTO setting(grp, key, layer, type, value) VALUES(?1, ?2, 1, ?3, ?4)"};
+    Sqlite::Query resetSetting{connection, "DELETE FROM setting WHERE grp = ?1 AND key = ?2 AND layer = 1"};
+    // The other columns come from the row that has the greatest layer.
+    Sqlite::Query listSettings{
+        connection, "SELECT type, value, grp, key, max(layer) FROM setting GROUP BY grp, key ORDER BY grp, key"};
+    Sqlite::Query listPack{connection,
+                           "SELECT type, value, grp, key FROM setting WHERE layer = 0 ORDER BY grp, key"};
+    Sqlite::Query readFact{connection, "SELECT value FROM fact WHERE name = ?1 AND value <> ''"};
+    Sqlite::Query writeFact{connection, "INSERT OR REPLACE INTO fact(name, value) VALUES(?1, ?2)"};
+    Sqlite::Query listChannels{connection, "SELECT id, title FROM channel ORDER BY position"};
+    Sqlite::Query readChannel{connection, "SELECT id, title FROM channel WHERE id = ?1"};
+    Sqlite::Query writeChannel{
+        connection,
+        "INSERT INTO channel(id, title) VALUES(?1, ?2) ON CONFLICT(id) DO UPDATE SET title = excluded.title"};
+    Sqlite::Query removeChannel{connection, "DELETE FROM channel WHERE id = ?1"};
+    Sqlite::Query listProfiles{connection, "SELECT id, name, selectable FROM profile ORDER BY position"};
+    Sqlite::Query readProfile{connection, "SELECT id, name, selectable FROM profile WHERE id = ?1"};
+    Sqlite::Query writeProfile{
+        connection, R"(INSERT INTO profile(id, name, selectable) VALUES(?1, ?2, ?3)
+                       ON CONFLICT(id) DO UPDATE SET name = excluded.name, selectable = excluded.selectable)"};
+    Sqlite::Query removeProfile{connection, "DELETE FROM profile WHERE id = ?1"};
+    Sqlite::Query readCurrent{connection, "SELECT id FROM profile WHERE current"};
+    Sqlite::Query writeCurrent{
+        connection,
+        "UPDATE profile SET current = (id = ?1) WHERE EXISTS(SELECT 1 FROM profile WHERE id = ?1)"};
 };
 
 namespace {
+
+const Log logger("VistaneStore");
+
+int patience = 500;
+constexpr int impatienceMs = 1000;
 
 struct Current
 {
@@ -45,23 +83,16 @@ Current& current()
     return current;
 }
 
-int readStatus(int result)
+StoreStatus readStatus(Sqlite::Result result)
 {
-    switch (result & 0xff) {
-    case SQLITE_OK:
-    case SQLITE_ROW:
-    case SQLITE_DONE:
+    if (result.isOk() || result.isRow())
         return STORE_OK;
-    case SQLITE_BUSY:
-        return STORE_BUSY;
-    default:
-        return STORE_FAILED;
-    }
+    return result.primary() == SQLITE_BUSY ? STORE_BUSY : STORE_FAILED;
 }
 
-int writeStatus(int result)
+StoreStatus writeStatus(Sqlite::Result result)
 {
-    switch (result & 0xff) {
+    switch (result.primary()) {
     case SQLITE_READONLY:
     case SQLITE_FULL:
     case SQLITE_IOERR:
@@ -73,114 +104,107 @@ int writeStatus(int result)
     }
 }
 
-template <typename... Values>
-int runWrite(Sqlite::Statement& statement, const Values&... values)
-{
-    return writeStatus(Run(statement, values...).step());
-}
-
-// A change of rows that must be there.
-template <typename... Values>
-int runChange(Sqlite::Connection& connection, Sqlite::Statement& statement, const Values&... values)
-{
-    const int status = runWrite(statement, values...);
-    return status == STORE_OK && connection.changes() == 0 ? STORE_NOT_FOUND : status;
-}
-
-// Calls `readRow` with each row of a run.
+// Calls `readRow` with each row of a run, until it answers another status than STORE_OK.
 template <typename ReadRow>
-int forEachRow(Sqlite::Statement& statement, ReadRow readRow)
+StoreStatus forEachRow(Sqlite::Query& query, ReadRow readRow)
 {
-    Run run(statement);
-    int result = run.step();
-    for (; result == SQLITE_ROW; result = run.step())
-        readRow(run);
+    Run run = query.run();
+    Sqlite::Result result = run.step();
+    for (; result.isRow(); result = run.step())
+        if (const StoreStatus status = readRow(run); status != STORE_OK)
+            return status;
     return readStatus(result);
 }
 
 // Calls `readRow` with the only row of a run.
 template <typename ReadRow, typename... Values>
-int onlyRow(Sqlite::Statement& statement, ReadRow readRow, const Values&... values)
+StoreStatus onlyRow(Sqlite::Query& query, ReadRow readRow, const Values&... values)
 {
-    Run run(statement, values...);
-    const int result = run.step();
-    if (result == SQLITE_DONE)
-        return STORE_NOT_FOUND;
-    if (result == SQLITE_ROW)
-        readRow(run);
-    return readStatus(result);
+    Run run = query.run(values...);
+    const Sqlite::Result result = run.step();
+    if (result.isRow())
+        return readRow(run);
+    return result.isOk() ? STORE_NOT_FOUND : readStatus(result);
 }
 
-// A value out of the columns `type` and the next one. A text goes into the string that `value` may hold.
-void readValue(const Run& run, int type, SettingValue& value)
+// A value out of the columns 0, its type, and 1. A text goes into the string that `value` may hold.
+StoreStatus readValue(const Run& run, SettingValue& value)
 {
-    switch (run.number(type)) {
-    case 0:
-        value = run.number(type + 1);
-        break;
-    case 1:
-        value = run.number(type + 1) != 0;
-        break;
-    default:
-        if (auto* text = std::get_if<std::string>(&value))
-            *text = run.text(type + 1);
+    using Limits = std::numeric_limits<int>;
+    const int64_t number = run.number(1);
+    const bool isInt = run.isNumber(1) && number >= Limits::min() && number <= Limits::max();
+    if (run.number(0) == 0 && isInt)
+        value = static_cast<int>(number);
+    else if (run.number(0) == 1 && isInt)
+        value = number != 0;
+    else if (run.number(0) != 2 || !run.isText(1))
+        return STORE_WRONG_TYPE;
+    else if (auto* text = std::get_if<std::string>(&value))
+        *text = run.text(1);
+    else
+        value = std::string(run.text(1));
+    return STORE_OK;
+}
+
+// Columns as of listPack and listSettings. What no setting can hold is not listed.
+template <typename Add>
+StoreStatus forEachSetting(Sqlite::Query& query, Add add)
+{
+    return forEachRow(query, [&](const Run& row) {
+        OperatorPack::Setting setting = {static_cast<int>(row.number(2)), std::string(row.text(3)), {}};
+        if (readValue(row, setting.value) == STORE_OK)
+            add(std::move(setting), row);
         else
-            value = std::string(run.text(type + 1));
-    }
+            logger(3, "%d.%s is of a wrong type", setting.group, setting.key.c_str());
+        return STORE_OK;
+    });
 }
 
-// Columns as of ListPack and ListSettings.
-OperatorPack::Setting readSetting(const Run& row)
+// Columns as of listChannels and readChannel.
+Scene::Channel channelOf(const Run& row)
 {
-    OperatorPack::Setting setting = {row.number(0), std::string(row.text(1)), {}};
-    readValue(row, 2, setting.value);
-    return setting;
+    return {std::string(row.text(0)), row.textOrNull(1)};
 }
 
-// Columns as of ListChannels and ReadChannel.
-Scene::Channel readChannel(const Run& row)
-{
-    Scene::Channel channel;
-    channel.id = row.text(0);
-    if (!row.isNull(1))
-        channel.title = row.text(1);
-    return channel;
-}
-
-// Columns as of ListProfiles and ReadProfile.
-OperatorPack::Profile readProfile(const Run& row)
+// Columns as of listProfiles and readProfile.
+OperatorPack::Profile profileOf(const Run& row)
 {
     return {std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0};
 }
 
-// Runs `work`, which returns a status: all of it happens, or nothing.
-template <typename Work>
-int inTransaction(Sqlite::Connection& connection, Work work)
-{
-    StoreTransaction transaction(connection);
-    int status = writeStatus(transaction.result());
-    if (status == STORE_OK)
-        status = work();
-    return status == STORE_OK ? writeStatus(transaction.commit()) : status;
-}
-
-// Changes the profiles by `change`, which returns a status, and leaves one in force when one can be chosen.
-template <typename Change>
-int changeProfiles(Sqlite::Connection& connection, Change change)
-{
-    return inTransaction(connection, [&] {
-        const int status = change();
-        return status == STORE_OK ? writeStatus(StoreSchema::putProfileInForce(connection)) : status;
-    });
-}
-
 // Hands over what was read, unless the reading failed.
 template <typename Result>
-int answer(int status, Result& result, Result& output)
+StoreStatus answer(StoreStatus status, Result& result, Result& output)
 {
     if (status == STORE_OK)
         output = std::move(result);
     return status;
+}
+
+template <typename Item, typename ReadItem>
+StoreStatus readAll(Sqlite::Query& query, ReadItem readItem, std::vector<Item>& items)
+{
+    std::vector<Item> result;
+    const StoreStatus status = forEachRow(query, [&](const Run& row) {
+        result.push_back(readItem(row));
+        return STORE_OK;
+    });
+    return answer(status, result, items);
+}
+
+// For onlyRow(): what a row says goes into `output`.
+template <typename Output, typename ReadItem>
+auto into(Output& output, ReadItem readItem)
+{
+    return [&output, readItem](const Run& row) {
+        output = readItem(row);
+        return STORE_OK;
+    };
+}
+
+std::string firstText(const Run& row)
+{
+    return std::string(row.text(0));
 }
 
 } // namespace
@@ -198,77 +222,140 @@ void CoreStore::use(const std::string& path)
     current().path = path;
 }
 
-CoreStore::CoreStore(const std::string& path) : mDatabase(std::make_unique<Database>())
+void CoreStore::setPatience(int milliseconds)
 {
-    // A bare name could mean something to SQLite, as ":memory:" does.
-    std::error_code error;
-    const std::string absolute = std::filesystem::absolute(path, error).string();
-    mDatabase->onDisk = StoreFile::open(absolute, mDatabase->connection);
+    patience = milliseconds;
+}
+
+// A bare name could mean something to SQLite, as ":memory:" does.
+CoreStore::CoreStore(const std::string& path) : mPath(std::filesystem::absolute(path))
+{
+    open();
 }
 
 CoreStore::~CoreStore() = default;
+
+void CoreStore::open()
+{
+    mDatabase = std::make_unique<Database>();
+    mDatabase->onDisk = mDatabase->file.open(mPath, mDatabase->connection, patience);
+}
+
+CoreStore::Database& CoreStore::forWriting()
+{
+    if (mDatabase->inTransaction)
+        return *mDatabase;
+    if (mDatabase->file.isReplaced(mDatabase->connection))
+        open();
+    mDatabase->connection.setPatience(mDatabase->impatient.hasExpired() ? patience : 0);
+    return *mDatabase;
+}
+
+// Runs a query that changes rows. STORE_NOT_FOUND when there was none to change.
+template <typename... Values>
+StoreStatus CoreStore::change(Sqlite::Query Database::*query, const Values&... values)
+{
+    Database& database = forWriting();
+    const StoreStatus status = writeStatus((database.*query).run(values...).step());
+    afterWriting(status);
+    return status == STORE_OK && database.connection.changes() == 0 ? STORE_NOT_FOUND : status;
+}
+
+// Runs `work`, which gets the connection and returns a status: all of it happens, or nothing.
+template <typename Work>
+StoreStatus CoreStore::inTransaction(Work work)
+{
+    Database& database = forWriting();
+    Sqlite::Transaction transaction(database.connection);
+    StoreStatus status = writeStatus(transaction.begun());
+    database.inTransaction = true;
+    if (status == STORE_OK)
+        status = work(database.connection);
+    database.inTransaction = false;
+    if (status == STORE_OK)
+        status = writeStatus(transaction.commit());
+    afterWriting(status);
+    return status;
+}
+
+void CoreStore::afterWriting(StoreStatus status)
+{
+    if (status == STORE_BUSY)
+        mDatabase->impatient.setRemainingTime(impatienceMs);
+    else
+        mDatabase->file.noteLog();
+}
+
+// Changes the profiles by `work`, which returns a status, and leaves one in force when one can be chosen.
+template <typename Work>
+StoreStatus CoreStore::changeProfiles(Work work)
+{
+    return inTransaction([&](Sqlite::Connection& connection) {
+        const StoreStatus status = work();
+        return status == STORE_OK ? writeStatus(StoreSchema::putProfileInForce(connection)) : status;
+    });
+}
 
 bool CoreStore::isOnDisk() const
 {
     return mDatabase->onDisk;
 }
 
-int CoreStore::read(int group, std::string_view key, SettingValue& value)
+StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value)
 {
     return onlyRow(
-        mDatabase->queries[StoreQueries::ReadSetting], [&](const Run& row) { readValue(row, 0, value); }, group,
-        key);
+        mDatabase->readSetting, [&](const Run& row) { return readValue(row, value); }, group, key);
 }
 
-int CoreStore::write(int group, std::string_view key, const SettingValue& value)
+StoreStatus CoreStore::write(int group, std::string_view key, const SettingValue& value)
 {
+    const auto type = static_cast<int>(value.index());
     return std::visit(
-        [&](const auto& bare) {
-            return runWrite(mDatabase->queries[StoreQueries::WriteSetting], group, key,
-                            static_cast<int>(value.index()), bare);
-        },
-        value);
+        [&](const auto& bare) { return change(&Database::writeSetting, group, key, type, bare); }, value);
 }
 
-int CoreStore::reset(int group, std::string_view key)
+StoreStatus CoreStore::reset(int group, std::string_view key)
 {
-    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::ResetSetting], group, key);
+    return change(&Database::resetSetting, group, key);
 }
 
-int CoreStore::list(std::vector<Listed>& settings)
+StoreStatus CoreStore::list(std::vector<Listed>& settings)
 {
     std::vector<Listed> result;
-    const int status = forEachRow(mDatabase->queries[StoreQueries::ListSettings], [&](const Run& row) {
-        result.push_back({readSetting(row), static_cast<Layer>(row.number(4))});
-    });
+    const StoreStatus status =
+        forEachSetting(mDatabase->listSettings, [&](OperatorPack::Setting&& setting, const Run& row) {
+            result.push_back({std::move(setting), static_cast<Layer>(row.number(4))});
+        });
     return answer(status, result, settings);
 }
 
-int CoreStore::installPack(const OperatorPack& pack)
+StoreStatus CoreStore::installPack(const OperatorPack& pack)
 {
-    Sqlite::Connection& connection = mDatabase->connection;
-    return inTransaction(connection, [&] { return writeStatus(StoreSchema::writePack(connection, pack)); });
+    return inTransaction([&](Sqlite::Connection& connection) {
+        return writeStatus(StoreSchema::writePack(connection, pack));
+    });
 }
 
-int CoreStore::exportPack(OperatorPack& pack)
+StoreStatus CoreStore::exportPack(OperatorPack& pack)
 {
     // All of it as of one moment, whatever another process writes meanwhile.
-    if (const int begun = mDatabase->connection.execute("BEGIN"); begun != SQLITE_OK)
+    if (const Sqlite::Result begun = mDatabase->connection.execute("BEGIN"); !begun.isOk())
         return readStatus(begun);
     OperatorPack result;
-    int status = forEachRow(mDatabase->queries[StoreQueries::ListPack],
-                            [&](const Run& row) { result.settings.push_back(readSetting(row)); });
+    StoreStatus status =
+        forEachSetting(mDatabase->listPack, [&](OperatorPack::Setting&& setting, const Run&) {
+            result.settings.push_back(std::move(setting));
+        });
     if (status == STORE_OK)
         status = profiles(result.profiles.emplace());
-    mDatabase->connection.execute("COMMIT");
+    (void)mDatabase->connection.execute("COMMIT");
     return answer(status, result, pack);
 }
 
-int CoreStore::loadScene(const Scene& scene)
+StoreStatus CoreStore::loadScene(const Scene& scene)
 {
-    Sqlite::Connection& connection = mDatabase->connection;
-    return inTransaction(connection, [&] {
-        int status = STORE_OK;
+    return inTransaction([&](Sqlite::Connection& connection) {
+        StoreStatus status = STORE_OK;
         for (auto fact = scene.device.begin(); status == STORE_OK && fact != scene.device.end(); ++fact)
             status = setFact(fact->first, fact->second);
         for (auto figure = scene.figures.begin(); status == STORE_OK && figure != scene.figures.end(); ++figure)
@@ -279,86 +366,73 @@ int CoreStore::loadScene(const Scene& scene)
     });
 }
 
-int CoreStore::fact(std::string_view name, std::string& value)
+StoreStatus CoreStore::fact(std::string_view name, std::string& value)
 {
-    return onlyRow(
-        mDatabase->queries[StoreQueries::ReadFact], [&](const Run& row) { value = row.text(0); }, name);
+    return onlyRow(mDatabase->readFact, into(value, firstText), name);
 }
 
-int CoreStore::setFact(std::string_view name, std::string_view value)
+StoreStatus CoreStore::setFact(std::string_view name, std::string_view value)
 {
     if (!Scene::isFact(name))
         return STORE_NOT_FOUND;
     std::string text;
     if (!Scene::factText(name, std::string(value), text))
         return STORE_WRONG_TYPE;
-    return runWrite(mDatabase->queries[StoreQueries::WriteFact], name, text);
+    return change(&Database::writeFact, name, text);
 }
 
-int CoreStore::channels(std::vector<Scene::Channel>& channels)
+StoreStatus CoreStore::channels(std::vector<Scene::Channel>& channels)
 {
-    std::vector<Scene::Channel> result;
-    const int status = forEachRow(mDatabase->queries[StoreQueries::ListChannels],
-                                  [&](const Run& row) { result.push_back(readChannel(row)); });
-    return answer(status, result, channels);
+    return readAll(mDatabase->listChannels, channelOf, channels);
 }
 
-int CoreStore::channel(std::string_view id, Scene::Channel& channel)
+StoreStatus CoreStore::channel(std::string_view id, Scene::Channel& channel)
 {
-    return onlyRow(
-        mDatabase->queries[StoreQueries::ReadChannel], [&](const Run& row) { channel = readChannel(row); }, id);
+    return onlyRow(mDatabase->readChannel, into(channel, channelOf), id);
 }
 
-int CoreStore::addChannel(const Scene::Channel& channel)
+StoreStatus CoreStore::addChannel(const Scene::Channel& channel)
 {
-    return runWrite(mDatabase->queries[StoreQueries::WriteChannel], channel.id, channel.title);
+    return change(&Database::writeChannel, channel.id, channel.title);
 }
 
-int CoreStore::removeChannel(std::string_view id)
+StoreStatus CoreStore::removeChannel(std::string_view id)
 {
-    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::RemoveChannel], id);
+    return change(&Database::removeChannel, id);
 }
 
-int CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
+StoreStatus CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
 {
-    std::vector<OperatorPack::Profile> result;
-    const int status = forEachRow(mDatabase->queries[StoreQueries::ListProfiles],
-                                  [&](const Run& row) { result.push_back(readProfile(row)); });
-    return answer(status, result, profiles);
+    return readAll(mDatabase->listProfiles, profileOf, profiles);
 }
 
-int CoreStore::profile(std::string_view id, OperatorPack::Profile& profile)
+StoreStatus CoreStore::profile(std::string_view id, OperatorPack::Profile& profile)
 {
-    return onlyRow(
-        mDatabase->queries[StoreQueries::ReadProfile], [&](const Run& row) { profile = readProfile(row); }, id);
+    return onlyRow(mDatabase->readProfile, into(profile, profileOf), id);
 }
 
-int CoreStore::addProfile(const OperatorPack::Profile& profile)
+StoreStatus CoreStore::addProfile(const OperatorPack::Profile& profile)
 {
-    return changeProfiles(mDatabase->connection, [&] {
-        return runWrite(mDatabase->queries[StoreQueries::WriteProfile], profile.id, profile.name,
-                        profile.selectable);
+    return changeProfiles([&] {
+        return change(&Database::writeProfile, profile.id, profile.name, static_cast<int>(profile.selectable));
     });
 }
 
-int CoreStore::removeProfile(std::string_view id)
+StoreStatus CoreStore::removeProfile(std::string_view id)
 {
-    return changeProfiles(mDatabase->connection, [&] {
-        return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::RemoveProfile], id);
-    });
+    return changeProfiles([&] { return change(&Database::removeProfile, id); });
 }
 
-int CoreStore::currentProfile(std::string& id)
+StoreStatus CoreStore::currentProfile(std::string& id)
 {
-    const int status =
-        onlyRow(mDatabase->queries[StoreQueries::ReadCurrent], [&](const Run& row) { id = row.text(0); });
+    const StoreStatus status = onlyRow(mDatabase->readCurrent, into(id, firstText));
     if (status != STORE_NOT_FOUND)
         return status;
     id.clear();
     return STORE_OK;
 }
 
-int CoreStore::setCurrentProfile(std::string_view id)
+StoreStatus CoreStore::setCurrentProfile(std::string_view id)
 {
-    return runChange(mDatabase->connection, mDatabase->queries[StoreQueries::WriteCurrent], id);
+    return change(&Database::writeCurrent, id);
 }

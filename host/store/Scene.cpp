@@ -1,7 +1,7 @@
 #include "Scene.h"
 
 #include "JsonReader.h"
-#include "vtString.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <array>
@@ -13,8 +13,7 @@ using ToText = bool (*)(const SettingValue& value, std::string& text);
 bool plainText(const SettingValue& value, std::string& text)
 {
     const auto* given = std::get_if<std::string>(&value);
-    vtTypes::String decoded;
-    if (!given || !vtStringFromUtf8(*given, decoded))
+    if (!given || !Text::isUtf8(*given))
         return false;
     text = *given;
     return true;
@@ -27,7 +26,7 @@ bool integer(const SettingValue& value, std::string& text)
         return true;
     }
     const auto* given = std::get_if<std::string>(&value);
-    if (!given || (!given->empty() && !vtIntegerFromText(*given)))
+    if (!given || (!given->empty() && !Text::integer(*given)))
         return false;
     text = *given;
     return true;

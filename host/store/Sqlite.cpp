@@ -4,13 +4,37 @@
 
 namespace Sqlite {
 
-int Connection::open(const std::string& file, int flags)
+bool Result::isOk() const
 {
+    return mCode == SQLITE_OK || mCode == SQLITE_DONE;
+}
+
+bool Result::isRow() const
+{
+    return mCode == SQLITE_ROW;
+}
+
+const char* Result::text() const
+{
+    return sqlite3_errstr(mCode);
+}
+
+Result Connection::open(const std::string& file, int flags)
+{
+    constexpr std::pair<int, int> settings[] = {
+        {SQLITE_DBCONFIG_DEFENSIVE, 1},
+        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+        {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+    };
     close();
     const int result = sqlite3_open_v2(file.c_str(), &mHandle, flags | SQLITE_OPEN_EXRESCODE, nullptr);
     if (result != SQLITE_OK)
         close();
-    return result;
+    else
+        for (const auto& [setting, value] : settings)
+            sqlite3_db_config(mHandle, setting, value, nullptr);
+    return Result(result);
 }
 
 void Connection::close()
@@ -25,9 +49,14 @@ void Connection::closeUntouched()
     close();
 }
 
-int Connection::execute(const char* sql)
+void Connection::setPatience(int milliseconds)
 {
-    return sqlite3_exec(mHandle, sql, nullptr, nullptr, nullptr);
+    sqlite3_busy_timeout(mHandle, milliseconds);
+}
+
+Result Connection::execute(const char* sql)
+{
+    return Result(sqlite3_exec(mHandle, sql, nullptr, nullptr, nullptr));
 }
 
 int Connection::changes() const
@@ -35,38 +64,32 @@ int Connection::changes() const
     return sqlite3_changes(mHandle);
 }
 
-Statement::~Statement()
-{
-    sqlite3_finalize(mHandle);
-}
-
-int Statement::prepare(Connection& connection, const char* sql)
-{
-    sqlite3_finalize(std::exchange(mHandle, nullptr));
-    return sqlite3_prepare_v3(connection.handle(), sql, -1, SQLITE_PREPARE_PERSISTENT, &mHandle, nullptr);
-}
-
-Statement::Run::~Run()
+Run::~Run()
 {
     sqlite3_reset(mStatement);
 }
 
-int Statement::Run::step()
+Result Run::step()
 {
-    return sqlite3_step(mStatement);
+    return Result(sqlite3_step(mStatement));
 }
 
-int Statement::Run::number(int column) const
+bool Run::isNumber(int column) const
 {
-    return sqlite3_column_int(mStatement, column);
+    return sqlite3_column_type(mStatement, column) == SQLITE_INTEGER;
 }
 
-bool Statement::Run::isNull(int column) const
+bool Run::isText(int column) const
 {
-    return sqlite3_column_type(mStatement, column) == SQLITE_NULL;
+    return sqlite3_column_type(mStatement, column) == SQLITE_TEXT;
 }
 
-std::string_view Statement::Run::text(int column) const
+int64_t Run::number(int column) const
+{
+    return sqlite3_column_int64(mStatement, column);
+}
+
+std::string_view Run::text(int column) const
 {
     const unsigned char* bytes = sqlite3_column_text(mStatement, column);
     if (!bytes)
@@ -75,19 +98,37 @@ std::string_view Statement::Run::text(int column) const
             static_cast<size_t>(sqlite3_column_bytes(mStatement, column))};
 }
 
-void Statement::Run::bind(int index, int value)
+std::optional<std::string> Run::textOrNull(int column) const
+{
+    if (sqlite3_column_type(mStatement, column) == SQLITE_NULL)
+        return std::nullopt;
+    return std::string(text(column));
+}
+
+Query::~Query()
+{
+    sqlite3_finalize(mStatement);
+}
+
+void Query::prepare()
+{
+    if (!mStatement)
+        sqlite3_prepare_v3(mConnection.handle(), mSql, -1, SQLITE_PREPARE_PERSISTENT, &mStatement, nullptr);
+}
+
+void Query::bind(int index, int value)
 {
     sqlite3_bind_int(mStatement, index, value);
 }
 
-void Statement::Run::bind(int index, std::string_view value)
+void Query::bind(int index, std::string_view value)
 {
     // SQLite takes a text at address 0 for NULL, and an empty view may have that.
     const char* bytes = value.empty() ? "" : value.data();
     sqlite3_bind_text64(mStatement, index, bytes, value.size(), SQLITE_STATIC, SQLITE_UTF8);
 }
 
-void Statement::Run::bind(int index, const std::optional<std::string>& value)
+void Query::bind(int index, const std::optional<std::string>& value)
 {
     if (value)
         bind(index, *value);

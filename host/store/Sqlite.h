@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,10 +9,26 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-// The little of SQLite that the store needs, owned properly. Results are SQLite's own result codes.
+// The little of SQLite that the store needs, owned properly.
 namespace Sqlite {
 
-// One open database file. Statements made from it must be gone before it is.
+// SQLite's own result code, which must not be taken for any other number.
+class [[nodiscard]] Result
+{
+public:
+    explicit Result(int code) : mCode(code) {}
+
+    bool isOk() const; // also of a statement that ran to its end
+    bool isRow() const;
+    // Without the details of an extended code.
+    int primary() const { return mCode & 0xff; }
+    const char* text() const;
+
+private:
+    int mCode;
+};
+
+// One open database file. Queries made from it must be gone before it is.
 class Connection
 {
 public:
@@ -20,14 +37,18 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // Closes what was open. `file` is a path, or with SQLITE_OPEN_URI in `flags` a "file:" link.
-    int open(const std::string& file, int flags);
+    // Closes what was open. `file` is a path, or with SQLITE_OPEN_URI in `flags` a "file:" link. The file's schema is
+    // not trusted: it can bring no triggers, no views and no functions with effects.
+    Result open(const std::string& file, int flags);
     void close();
-    // Closes without moving into the file what its companion files hold.
+    // Closes without moving into the file what its companion files hold, and without removing them.
     void closeUntouched();
 
+    // How long a statement waits for another program's lock. Not at all: 0.
+    void setPatience(int milliseconds);
+
     // Runs statements that give no rows.
-    int execute(const char* sql);
+    Result execute(const char* sql);
     // Rows that the last statement changed.
     int changes() const;
 
@@ -37,52 +58,92 @@ private:
     sqlite3* mHandle = nullptr;
 };
 
-// A prepared statement. Parameters count from 1, columns from 0.
-class Statement
+// One run of a query: resets it at the end of its life, so that no read transaction and no lock outlives it. Columns
+// count from 0.
+class Run
 {
 public:
-    Statement() = default;
-    ~Statement();
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
+    explicit Run(sqlite3_stmt* statement) : mStatement(statement) {}
+    ~Run();
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
 
-    int prepare(Connection& connection, const char* sql);
-    bool isPrepared() const { return mHandle; }
+    // A row while there are rows, then the end, which is ok.
+    Result step();
 
-    // One run of the statement: binds every argument in order (int, bool, text, or a text that may be NULL) and
-    // resets the statement at the end of its life, so that no read transaction and no lock outlives it. Texts
-    // are not copied: they must outlive the run.
-    class Run
-    {
-    public:
-        template <typename... Values>
-        explicit Run(Statement& statement, const Values&... values) : mStatement(statement.mHandle)
-        {
-            int index = 0;
-            (bind(++index, values), ...);
-        }
-        ~Run();
-        Run(const Run&) = delete;
-        Run& operator=(const Run&) = delete;
-
-        // SQLITE_ROW while there are rows, then SQLITE_DONE.
-        int step();
-
-        int number(int column) const;
-        bool isNull(int column) const;
-        std::string_view text(int column) const; // valid until the next step()
-
-    private:
-        void bind(int index, int value);
-        void bind(int index, std::string_view value);
-        void bind(int index, const std::string& value) { bind(index, std::string_view(value)); }
-        void bind(int index, const std::optional<std::string>& value);
-
-        sqlite3_stmt* mStatement;
-    };
+    bool isNumber(int column) const;
+    bool isText(int column) const;
+    int64_t number(int column) const;
+    std::string_view text(int column) const;                 // valid until the next step()
+    std::optional<std::string> textOrNull(int column) const;
 
 private:
-    sqlite3_stmt* mHandle = nullptr;
+    sqlite3_stmt* mStatement;
+};
+
+// A statement together with its text. It is prepared when it first runs: a menu that opens needs only two of many.
+class Query
+{
+public:
+    // The connection, and the text, have to outlive this. Parameters are ?1, ?2 and so on.
+    Query(Connection& connection, const char* sql) : mConnection(connection), mSql(sql) {}
+    ~Query();
+    Query(const Query&) = delete;
+    Query& operator=(const Query&) = delete;
+
+    // Binds every argument in order: int, bool, text, or a text that may be NULL. Texts are not copied: they must
+    // outlive the run. A statement that can't be prepared fails in its first step.
+    template <typename... Values>
+    Run run(const Values&... values)
+    {
+        prepare();
+        int index = 0;
+        (bind(++index, values), ...);
+        return Run(mStatement);
+    }
+
+private:
+    void prepare();
+    void bind(int index, int value);
+    void bind(int index, std::string_view value);
+    void bind(int index, const std::string& value) { bind(index, std::string_view(value)); }
+    void bind(int index, const std::optional<std::string>& value);
+
+    Connection& mConnection;
+    const char* mSql;
+    sqlite3_stmt* mStatement = nullptr;
+};
+
+// A write transaction: everything until commit() happens, or nothing when it isn't reached.
+class Transaction
+{
+public:
+    explicit Transaction(Connection& connection)
+        : mConnection(connection), mBegun(connection.execute("BEGIN IMMEDIATE")), mOpen(mBegun.isOk())
+    {
+    }
+    ~Transaction()
+    {
+        if (mOpen)
+            (void)mConnection.execute("ROLLBACK");
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    // Of the beginning; when it is not ok, there is no transaction.
+    Result begun() const { return mBegun; }
+
+    Result commit()
+    {
+        const Result result = mConnection.execute("COMMIT");
+        mOpen = !result.isOk();
+        return result;
+    }
+
+private:
+    Connection& mConnection;
+    const Result mBegun;
+    bool mOpen;
 };
 
 } // namespace Sqlite

@@ -1,6 +1,5 @@
 #include "StoreFile.h"
 
-#include "FolderLock.h"
 #include "Log.h"
 #include "StoreSchema.h"
 
@@ -11,18 +10,26 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
 
 const Log logger("VistaneStore");
 
-// How long a write waits for another process's.
-constexpr int busyTimeoutMs = 2000;
+// Milliseconds that programs which start at the same moment wait for each other, not to set aside each other's new
+// file. Somebody else's lock is then done without.
+constexpr int startPatience = 500;
+
+// SQLite's files beside the store's own; the first two can hold what the store itself does not yet.
+constexpr const char* logs[] = {"-wal", "-journal"};
+constexpr const char* companions[] = {"-wal", "-journal", "-shm"};
 
 // What came of an attempt to open the file; `reason` completes a sentence that begins with its path.
 struct Attempt
@@ -32,18 +39,20 @@ struct Attempt
 };
 
 const Attempt usable = {Attempt::Usable, {}};
+const Attempt noStore = {Attempt::Unusable, "is no database of ours"};
+const Attempt damaged = {Attempt::Unusable, "is damaged"};
 
-Attempt attemptOf(int result)
+Attempt attemptOf(Sqlite::Result result)
 {
-    switch (result & 0xff) {
-    case SQLITE_OK:
+    if (result.isOk())
         return usable;
+    switch (result.primary()) {
     case SQLITE_NOTADB:
-        return {Attempt::Unusable, "is no database of ours"};
+        return noStore;
     case SQLITE_CORRUPT:
-        return {Attempt::Unusable, "is damaged"};
+        return damaged;
     default:
-        return {Attempt::Refused, std::string("cannot be used (") + sqlite3_errstr(result) + ")"};
+        return {Attempt::Refused, std::string("cannot be used (") + result.text() + ")"};
     }
 }
 
@@ -61,102 +70,129 @@ bool makeFolders(const std::filesystem::path& folder)
            (::mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST);
 }
 
-// SQLite would make the file with wider rights.
-Attempt makeFile(const std::string& path)
+void lock(int file)
 {
-    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0)
-        return refusal(errno);
-    ::close(file);
-    return usable;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(startPatience);
+    while (::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK &&
+           std::chrono::steady_clock::now() < end)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
-Attempt checkFile(const std::string& path)
+bool isAt(const std::string& path, int file)
 {
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0)
-        return errno == ENOENT ? makeFile(path) : refusal(errno);
-    // A folder or a device that somebody named by mistake is not ours to move.
-    if (!S_ISREG(status.st_mode))
-        return {Attempt::Refused, "is not a file"};
-    if (::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
-        return {Attempt::Unusable, "cannot be read"};
-    return usable;
+    struct stat named = {}, open = {};
+    return ::stat(path.c_str(), &named) == 0 && ::fstat(file, &open) == 0 && named.st_dev == open.st_dev &&
+           named.st_ino == open.st_ino;
 }
 
-int connect(Sqlite::Connection& connection, const std::string& file, int flags, int& version)
+// Opens the file, or makes it, and locks it against other starts. SQLite would make it with wider rights.
+Attempt openFile(const std::string& path, int& file)
 {
-    int result = connection.open(file, flags);
-    if (result == SQLITE_OK)
-        result = sqlite3_busy_timeout(connection.handle(), busyTimeoutMs);
-    if (result == SQLITE_OK)
-        result = connection.execute("PRAGMA synchronous = FULL");
-    if (result == SQLITE_OK)
-        result = StoreSchema::readVersion(connection, version);
-    return result;
+    for (;;) {
+        file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        if (file < 0 && errno == ENOENT)
+            file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        if (file < 0)
+            return errno == EACCES ? Attempt{Attempt::Unusable, "cannot be read"} : refusal(errno);
+        struct stat status = {};
+        if (::fstat(file, &status) != 0)
+            return refusal(errno);
+        // A folder or a device that somebody named by mistake is not ours to move.
+        if (!S_ISREG(status.st_mode))
+            return {Attempt::Refused, "is not a file"};
+        lock(file);
+        if (isAt(path, file))
+            return usable;
+        ::close(file); // another program has set it aside
+    }
 }
 
 // Whether another program left something in the write-ahead log or the older journal.
-bool hasWaitingWrites(const std::string& path)
+bool hasLogs(const std::string& path)
 {
-    constexpr const char* companions[] = {"-wal", "-journal"};
-    return std::any_of(std::begin(companions), std::end(companions), [&path](const char* companion) {
+    return std::any_of(std::begin(logs), std::end(logs), [&path](const char* log) {
         struct stat status = {};
-        return ::stat((path + companion).c_str(), &status) == 0 && status.st_size > 0;
+        return ::stat((path + log).c_str(), &status) == 0 && status.st_size > 0;
     });
+}
+
+// Looks at what SQLite would not say, or would "repair": to it, a cut file is a smaller one, and an empty file a new
+// store whose old log can go.
+Attempt lookAt(const std::string& path, int file)
+{
+    constexpr char magic[] = "SQLite format 3";
+    constexpr size_t sizeAt = 16; // two bytes of the header, the greater first; 1 stands for 65536
+    unsigned char header[100];
+    struct stat status = {};
+    if (::fstat(file, &status) != 0)
+        return refusal(errno);
+    if (status.st_size == 0)
+        return hasLogs(path) ? Attempt{Attempt::Unusable, "is empty beside its log"} : usable;
+    if (::pread(file, header, sizeof header, 0) != sizeof header ||
+        std::memcmp(header, magic, sizeof magic) != 0)
+        return noStore;
+    const int pageSize = header[sizeAt] << 8 | header[sizeAt + 1];
+    return status.st_size % (pageSize > 1 ? pageSize : 65536) == 0 ? usable : damaged;
+}
+
+Sqlite::Result connect(Sqlite::Connection& connection, const std::string& file, int flags, int patience)
+{
+    const Sqlite::Result result = connection.open(file, flags);
+    if (!result.isOk())
+        return result;
+    connection.setPatience(patience);
+    StoreSchema::Kind kind;
+    int version = 0;
+    const Sqlite::Result synchronous = connection.execute("PRAGMA synchronous = FULL");
+    return synchronous.isOk() ? StoreSchema::classify(connection, kind, version) : synchronous;
 }
 
 // Without the right to write beside it, not even the file's own shared memory can be set up. Read as it stands,
 // the file is whole only when no write waits beside it.
-int connectUnwritable(Sqlite::Connection& connection, const std::string& path, int& version)
+Sqlite::Result connectUnwritable(Sqlite::Connection& connection, const std::string& path, int patience)
 {
     const QUrl link = QUrl::fromLocalFile(QString::fromStdString(path));
     return connect(connection, link.toEncoded().toStdString() + "?immutable=1",
-                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, version);
+                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, patience);
 }
 
 Attempt checkContent(Sqlite::Connection& connection)
 {
-    Sqlite::Statement statement;
-    if (const int result = statement.prepare(connection, "PRAGMA quick_check(1)"); result != SQLITE_OK)
+    Sqlite::Query query(connection, "PRAGMA quick_check(1)");
+    Sqlite::Run run = query.run();
+    const Sqlite::Result result = run.step();
+    if (!result.isRow())
         return attemptOf(result);
-    Sqlite::Statement::Run run(statement);
-    if (const int result = run.step(); result != SQLITE_ROW)
-        return attemptOf(result);
-    if (run.text(0) != "ok")
-        return attemptOf(SQLITE_CORRUPT);
-    const int result = StoreSchema::checkTables(connection);
-    return result == SQLITE_ERROR ? attemptOf(SQLITE_NOTADB) : attemptOf(result);
+    return run.text(0) == "ok" ? usable : damaged;
 }
 
-Attempt fillOrCheck(Sqlite::Connection& connection, int version)
+Attempt fillOrCheck(Sqlite::Connection& connection)
 {
-    if (version == StoreSchema::version)
-        return checkContent(connection);
-    if (version > StoreSchema::version)
-        return {Attempt::Unusable, "has the newer schema " + std::to_string(version)};
-    bool empty = false;
-    if (const int result = StoreSchema::readEmptiness(connection, empty); result != SQLITE_OK)
+    StoreSchema::Kind kind;
+    int version = 0;
+    if (const Sqlite::Result result = StoreSchema::classify(connection, kind, version); !result.isOk())
         return attemptOf(result);
-    if (version != 0 || !empty)
-        return attemptOf(SQLITE_NOTADB);
+    switch (kind) {
+    case StoreSchema::Kind::Ours:
+        return checkContent(connection);
+    case StoreSchema::Kind::Newer:
+        return {Attempt::Unusable, "has the newer schema " + std::to_string(version)};
+    case StoreSchema::Kind::Foreign:
+        return noStore;
+    case StoreSchema::Kind::Unused:
+        break;
+    }
     // The mode stays with the file. Where it can't be had, the older journal is as safe, only slower.
-    connection.execute("PRAGMA journal_mode = WAL");
+    (void)connection.execute("PRAGMA journal_mode = WAL");
     return attemptOf(StoreSchema::create(connection, OperatorPack::builtIn()));
 }
 
-Attempt openFile(const std::string& path, Sqlite::Connection& connection)
+Attempt openStore(const std::string& path, Sqlite::Connection& connection, int patience)
 {
-    if (Attempt attempt = checkFile(path); attempt.result != Attempt::Usable)
-        return attempt;
-    int version = 0;
-    int result = connect(connection, path, SQLITE_OPEN_READWRITE, version);
-    if (attemptOf(result).result == Attempt::Refused && (result & 0xff) != SQLITE_BUSY &&
-        !hasWaitingWrites(path))
-        result = connectUnwritable(connection, path, version);
-    if (result != SQLITE_OK)
-        return attemptOf(result);
-    return fillOrCheck(connection, version);
+    Sqlite::Result result = connect(connection, path, SQLITE_OPEN_READWRITE, patience);
+    if (attemptOf(result).result == Attempt::Refused && result.primary() != SQLITE_BUSY && !hasLogs(path))
+        result = connectUnwritable(connection, path, patience);
+    return result.isOk() ? fillOrCheck(connection) : attemptOf(result);
 }
 
 bool exists(const std::string& path)
@@ -165,58 +201,100 @@ bool exists(const std::string& path)
     return ::lstat(path.c_str(), &status) == 0;
 }
 
+std::string freeName(const std::string& path)
+{
+    std::string name;
+    for (int number = 1; name.empty() || exists(name) || exists(name + logs[0]); ++number)
+        name = path + ".set-aside-" + std::to_string(number);
+    return name;
+}
+
+void setCompanionsAside(const std::string& path, const std::string& name)
+{
+    for (const char* companion : companions)
+        ::rename((path + companion).c_str(), (name + companion).c_str());
+}
+
 // Renames the file together with SQLite's companions of it, which would spoil the new one. Returns the new
 // name, empty when the folder refuses.
 std::string setAside(const std::string& path)
 {
-    constexpr const char* companions[] = {"-wal", "-shm", "-journal"};
-    std::string name;
-    for (int number = 1; name.empty() || exists(name); ++number)
-        name = path + ".set-aside-" + std::to_string(number);
+    const std::string name = freeName(path);
     if (::rename(path.c_str(), name.c_str()) != 0)
         return {};
-    for (const char* companion : companions)
-        ::rename((path + companion).c_str(), (name + companion).c_str());
+    setCompanionsAside(path, name);
     return name;
 }
 
-bool openOnDisk(const std::string& path, Sqlite::Connection& connection, std::string& reason)
+// 0 when there is no file.
+uint64_t inodeOf(const std::string& path)
 {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    if (!makeFolders(folder)) {
-        reason = refusal(errno).reason;
-        return false;
-    }
-    // Two programs that start at the same moment must not set aside each other's new file.
-    const FolderLock lock(folder);
-    Attempt attempt = openFile(path, connection);
-    if (attempt.result == Attempt::Unusable) {
-        connection.closeUntouched();
-        const std::string name = setAside(path);
-        if (!name.empty()) {
-            logger(3, "%s %s: kept as %s, starting anew from the built-in pack", path.c_str(),
-                   attempt.reason.c_str(), name.c_str());
-            attempt = openFile(path, connection);
-        }
-    }
-    reason = attempt.reason;
-    return attempt.result == Attempt::Usable;
+    struct stat status = {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
 }
 
 } // namespace
 
-namespace StoreFile {
-
-bool open(const std::string& path, Sqlite::Connection& connection)
+StoreFile::~StoreFile()
 {
+    if (mFile >= 0)
+        ::close(mFile);
+}
+
+bool StoreFile::open(const std::string& path, Sqlite::Connection& connection, int patience)
+{
+    mPath = path;
     std::string reason;
-    if (openOnDisk(path, connection, reason))
+    const bool onDisk = openOnDisk(connection, patience, reason);
+    if (mFile >= 0)
+        ::flock(mFile, LOCK_UN);
+    noteLog();
+    if (onDisk)
         return true;
     logger(3, "%s %s: using the built-in pack, and no change will be saved", path.c_str(), reason.c_str());
-    connection.open(":memory:", SQLITE_OPEN_READWRITE);
-    StoreSchema::create(connection, OperatorPack::builtIn());
-    connection.execute("PRAGMA query_only = ON");
+    (void)connection.open(":memory:", SQLITE_OPEN_READWRITE);
+    (void)StoreSchema::create(connection, OperatorPack::builtIn());
+    (void)connection.execute("PRAGMA query_only = ON");
     return false;
 }
 
-} // namespace StoreFile
+bool StoreFile::openOnDisk(Sqlite::Connection& connection, int patience, std::string& reason)
+{
+    if (!makeFolders(std::filesystem::path(mPath).parent_path())) {
+        reason = refusal(errno).reason;
+        return false;
+    }
+    for (bool isFirst = true;; isFirst = false) {
+        Attempt attempt = openFile(mPath, mFile);
+        if (attempt.result == Attempt::Usable)
+            attempt = lookAt(mPath, mFile);
+        if (attempt.result == Attempt::Usable)
+            attempt = openStore(mPath, connection, patience);
+        reason = attempt.reason;
+        if (attempt.result != Attempt::Unusable || !isFirst)
+            return attempt.result == Attempt::Usable;
+        connection.closeUntouched();
+        const std::string name = setAside(mPath);
+        if (name.empty())
+            return false;
+        logger(3, "%s %s: kept as %s, starting anew from the built-in pack", mPath.c_str(), reason.c_str(),
+               name.c_str());
+        ::close(std::exchange(mFile, -1));
+    }
+}
+
+bool StoreFile::isReplaced(Sqlite::Connection& connection) const
+{
+    if (mFile < 0 || isAt(mPath, mFile))
+        return false;
+    connection.closeUntouched();
+    if (mLog != 0 && inodeOf(mPath + logs[0]) == mLog)
+        setCompanionsAside(mPath, freeName(mPath));
+    logger(3, "%s was replaced: using the new one", mPath.c_str());
+    return true;
+}
+
+void StoreFile::noteLog()
+{
+    mLog = inodeOf(mPath + logs[0]);
+}

@@ -1,162 +1,163 @@
 #include "StoreSchema.h"
 
-#include "StoreTransaction.h"
+#include <QString>
 
 #include <sqlite3.h>
+
+#include <set>
 
 namespace {
 
 // `type` is the index of the alternative in SettingValue, `layer` the value of CoreStore::Layer.
-const char* const tables = R"sql(
-    CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer INTEGER NOT NULL,
-                         type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID;
-    CREATE TABLE fact(name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID;
-    CREATE TABLE channel(position INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, title TEXT);
-    CREATE TABLE profile(position INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, name TEXT NOT NULL,
-                         selectable INTEGER NOT NULL, current INTEGER NOT NULL DEFAULT 0);
-    PRAGMA user_version = 1;
-)sql";
-static_assert(StoreSchema::version == 1, "the last line of the tables sets it");
+constexpr const char* tables[] = {
+    R"sql(CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer INTEGER NOT NULL,
+                         type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID)sql",
+    R"sql(CREATE TABLE fact(name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID)sql",
+    R"sql(CREATE TABLE channel(position INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, title TEXT))sql",
+    R"sql(CREATE TABLE profile(position INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, name TEXT NOT NULL,
+                         selectable INTEGER NOT NULL, current INTEGER NOT NULL DEFAULT 0))sql",
+};
+constexpr char setVersion[] = "PRAGMA user_version = 1";
+static_assert(StoreSchema::version == 1, "the line above sets it");
 
-int readNumber(Sqlite::Connection& connection, const char* sql, int& number)
+const Sqlite::Result ok(SQLITE_OK);
+
+// Files of earlier programs may be indented otherwise.
+QString inOneLine(std::string_view sql)
 {
-    Sqlite::Statement statement;
-    if (const int result = statement.prepare(connection, sql); result != SQLITE_OK)
-        return result;
-    Sqlite::Statement::Run run(statement);
-    if (const int result = run.step(); result != SQLITE_ROW)
-        return result;
-    number = run.number(0);
-    return SQLITE_OK;
+    return QString::fromUtf8(sql.data(), static_cast<qsizetype>(sql.size())).simplified();
 }
 
-// Runs `sql` once for each item of `items`; `runOne` gives it the item's values.
-template <typename Items, typename RunOne>
-int forEach(Sqlite::Connection& connection, const char* sql, const Items& items, RunOne runOne)
+Sqlite::Result readVersion(Sqlite::Connection& connection, int& found)
 {
-    Sqlite::Statement statement;
-    int result = statement.prepare(connection, sql);
-    for (auto item = items.begin(); result == SQLITE_OK && item != items.end(); ++item) {
-        result = runOne(statement, *item);
-        if (result == SQLITE_DONE)
-            result = SQLITE_OK;
-    }
+    Sqlite::Query query(connection, "PRAGMA user_version");
+    Sqlite::Run run = query.run();
+    const Sqlite::Result result = run.step();
+    if (!result.isRow())
+        return result;
+    found = static_cast<int>(run.number(0));
+    return ok;
+}
+
+// The statements that made what is in the file; the indexes that SQLite makes by itself have none.
+Sqlite::Result readStatements(Sqlite::Connection& connection, std::multiset<QString>& found)
+{
+    Sqlite::Query query(connection, "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL");
+    Sqlite::Run run = query.run();
+    Sqlite::Result result = run.step();
+    for (; result.isRow(); result = run.step())
+        found.insert(inOneLine(run.text(0)));
     return result;
 }
 
-int writeSettings(Sqlite::Connection& connection, const std::vector<OperatorPack::Setting>& settings)
+// Runs `query` once for each item of `items`; `runOne` gives it the item's values.
+template <typename Items, typename RunOne>
+Sqlite::Result forEach(Sqlite::Connection& connection, const char* sql, const Items& items, RunOne runOne)
 {
-    if (const int result = connection.execute("DELETE FROM setting WHERE layer = 0"); result != SQLITE_OK)
-        return result;
-    return forEach(
-        connection, "INSERT OR REPLACE INTO setting VALUES(?1, ?2, 0, ?3, ?4)", settings,
-        [](Sqlite::Statement& statement, const OperatorPack::Setting& setting) {
-            return std::visit(
-                [&](const auto& value) {
-                    const auto type = static_cast<int>(setting.value.index());
-                    return Sqlite::Statement::Run(statement, setting.group, setting.key, type, value).step();
-                },
-                setting.value);
-        });
+    Sqlite::Query query(connection, sql);
+    Sqlite::Result result = ok;
+    for (auto item = items.begin(); result.isOk() && item != items.end(); ++item)
+        result = runOne(query, *item);
+    return result;
 }
 
-int readCurrentProfile(Sqlite::Connection& connection, std::string& id)
+Sqlite::Result writeSettings(Sqlite::Connection& connection, const std::vector<OperatorPack::Setting>& settings)
 {
-    Sqlite::Statement statement;
-    if (const int result = statement.prepare(connection, "SELECT id FROM profile WHERE current");
-        result != SQLITE_OK)
+    if (const Sqlite::Result result = connection.execute("DELETE FROM setting WHERE layer = 0"); !result.isOk())
         return result;
-    Sqlite::Statement::Run run(statement);
-    const int result = run.step();
-    if (result == SQLITE_ROW)
-        id = run.text(0);
-    return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
+    return forEach(connection, "INSERT OR REPLACE INTO setting VALUES(?1, ?2, 0, ?3, ?4)", settings,
+                   [](Sqlite::Query& query, const OperatorPack::Setting& setting) {
+                       return std::visit(
+                           [&](const auto& value) {
+                               const auto type = static_cast<int>(setting.value.index());
+                               return query.run(setting.group, setting.key, type, value).step();
+                           },
+                           setting.value);
+                   });
+}
+
+Sqlite::Result readCurrentProfile(Sqlite::Connection& connection, std::string& id)
+{
+    Sqlite::Query query(connection, "SELECT id FROM profile WHERE current");
+    Sqlite::Run run = query.run();
+    const Sqlite::Result result = run.step();
+    if (!result.isRow())
+        return result;
+    id = run.text(0);
+    return ok;
 }
 
 // The profile in force stays in force when the new list still has it, else the first one to choose follows it.
-int writeProfiles(Sqlite::Connection& connection, const std::vector<OperatorPack::Profile>& profiles)
+Sqlite::Result writeProfiles(Sqlite::Connection& connection, const std::vector<OperatorPack::Profile>& profiles)
 {
     std::string current;
-    int result = readCurrentProfile(connection, current);
-    if (result == SQLITE_OK)
+    Sqlite::Result result = readCurrentProfile(connection, current);
+    if (result.isOk())
         result = connection.execute("DELETE FROM profile");
-    if (result == SQLITE_OK)
-        result = forEach(
-            connection, "INSERT INTO profile(id, name, selectable, current) VALUES(?1, ?2, ?3, ?1 = ?4)",
-            profiles, [&current](Sqlite::Statement& statement, const OperatorPack::Profile& profile) {
-                return Sqlite::Statement::Run(statement, profile.id, profile.name, profile.selectable, current)
-                    .step();
-            });
-    return result == SQLITE_OK ? StoreSchema::putProfileInForce(connection) : result;
+    if (result.isOk())
+        result = forEach(connection,
+                         "INSERT INTO profile(id, name, selectable, current) VALUES(?1, ?2, ?3, ?1 = ?4)", profiles,
+                         [&current](Sqlite::Query& query, const OperatorPack::Profile& profile) {
+                             return query.run(profile.id, profile.name, profile.selectable, current).step();
+                         });
+    return result.isOk() ? StoreSchema::putProfileInForce(connection) : result;
 }
 
 } // namespace
 
 namespace StoreSchema {
 
-int readVersion(Sqlite::Connection& connection, int& found)
+Sqlite::Result classify(Sqlite::Connection& connection, Kind& kind, int& found)
 {
-    return readNumber(connection, "PRAGMA user_version", found);
-}
-
-int readEmptiness(Sqlite::Connection& connection, bool& empty)
-{
-    int tableCount = 0;
-    const int result = readNumber(connection, "SELECT count(*) FROM sqlite_master", tableCount);
-    empty = tableCount == 0;
+    std::multiset<QString> ours, statements;
+    for (const char* table : tables)
+        ours.insert(inOneLine(table));
+    Sqlite::Result result = readVersion(connection, found);
+    if (result.isOk())
+        result = readStatements(connection, statements);
+    kind = found > version                            ? Kind::Newer
+           : found == 0 && statements.empty()         ? Kind::Unused
+           : found == version && statements == ours   ? Kind::Ours
+                                                      : Kind::Foreign;
     return result;
 }
 
-int checkTables(Sqlite::Connection& connection)
+Sqlite::Result create(Sqlite::Connection& connection, const OperatorPack& pack)
 {
-    constexpr const char* reads[] = {
-        "SELECT grp, key, layer, type, value FROM setting",
-        "SELECT name, value FROM fact",
-        "SELECT position, id, title FROM channel",
-        "SELECT position, id, name, selectable, current FROM profile",
-    };
-    for (const char* read : reads) {
-        Sqlite::Statement statement;
-        if (const int result = statement.prepare(connection, read); result != SQLITE_OK)
-            return result;
-    }
-    return SQLITE_OK;
-}
-
-int create(Sqlite::Connection& connection, const OperatorPack& pack)
-{
-    StoreTransaction transaction(connection);
+    Sqlite::Transaction transaction(connection);
     int found = 0;
-    int result = transaction.result();
-    if (result == SQLITE_OK)
+    Sqlite::Result result = transaction.begun();
+    if (result.isOk())
         result = readVersion(connection, found);
-    if (result == SQLITE_OK && found == 0) {
-        result = connection.execute(tables);
-        if (result == SQLITE_OK)
-            result = writePack(connection, pack);
-    }
-    return result == SQLITE_OK ? transaction.commit() : result;
+    if (!result.isOk() || found != 0)
+        return result;
+    for (const char* table : tables)
+        if (result.isOk())
+            result = connection.execute(table);
+    if (result.isOk())
+        result = connection.execute(setVersion);
+    if (result.isOk())
+        result = writePack(connection, pack);
+    return result.isOk() ? transaction.commit() : result;
 }
 
-int writePack(Sqlite::Connection& connection, const OperatorPack& pack)
+Sqlite::Result writePack(Sqlite::Connection& connection, const OperatorPack& pack)
 {
-    int result = writeSettings(connection, pack.settings);
-    if (result == SQLITE_OK && pack.profiles)
-        result = writeProfiles(connection, *pack.profiles);
-    return result;
+    const Sqlite::Result result = writeSettings(connection, pack.settings);
+    return result.isOk() && pack.profiles ? writeProfiles(connection, *pack.profiles) : result;
 }
 
-int writeChannels(Sqlite::Connection& connection, const std::vector<Scene::Channel>& channels)
+Sqlite::Result writeChannels(Sqlite::Connection& connection, const std::vector<Scene::Channel>& channels)
 {
-    if (const int result = connection.execute("DELETE FROM channel"); result != SQLITE_OK)
+    if (const Sqlite::Result result = connection.execute("DELETE FROM channel"); !result.isOk())
         return result;
     return forEach(connection, "INSERT INTO channel(id, title) VALUES(?1, ?2)", channels,
-                   [](Sqlite::Statement& statement, const Scene::Channel& channel) {
-                       return Sqlite::Statement::Run(statement, channel.id, channel.title).step();
+                   [](Sqlite::Query& query, const Scene::Channel& channel) {
+                       return query.run(channel.id, channel.title).step();
                    });
 }
 
-int putProfileInForce(Sqlite::Connection& connection)
+Sqlite::Result putProfileInForce(Sqlite::Connection& connection)
 {
     return connection.execute(R"(
         UPDATE profile SET current = 1

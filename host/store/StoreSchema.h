@@ -10,27 +10,26 @@ namespace StoreSchema {
 
 constexpr int version = 1;
 
-// Sets `found` to the version that a file carries, 0 for a file without tables. Returns SQLite's result code.
-int readVersion(Sqlite::Connection& connection, int& found);
+// What a file is, by its schema.
+enum class Kind { Unused, Ours, Newer, Foreign };
 
-// Sets `empty` to whether a file has no tables at all.
-int readEmptiness(Sqlite::Connection& connection, bool& empty);
-
-// SQLITE_ERROR when a table or a column of this version is missing.
-int checkTables(Sqlite::Connection& connection);
+// Reads the version that a file carries and compares every table, index, view and trigger with ours. `version` is set
+// to the file's.
+Sqlite::Result classify(Sqlite::Connection& connection, Kind& kind, int& version);
 
 // Makes the tables, all or nothing, and fills them from `pack`; a file that another process has filled
 // meanwhile is left as it is.
-int create(Sqlite::Connection& connection, const OperatorPack& pack);
+Sqlite::Result create(Sqlite::Connection& connection, const OperatorPack& pack);
 
-// Puts `pack` in place of the pack layer, inside the caller's transaction.
-int writePack(Sqlite::Connection& connection, const OperatorPack& pack);
+// Each of these belongs inside the caller's transaction.
 
-// Puts `channels` in place of those there are, inside the caller's transaction.
-int writeChannels(Sqlite::Connection& connection, const std::vector<Scene::Channel>& channels);
+// Puts `pack` in place of the pack layer.
+Sqlite::Result writePack(Sqlite::Connection& connection, const OperatorPack& pack);
 
-// Puts the first profile that can be chosen in force when none is; to be called inside the transaction of
-// whatever changed the profiles.
-int putProfileInForce(Sqlite::Connection& connection);
+// Puts `channels` in place of those there are.
+Sqlite::Result writeChannels(Sqlite::Connection& connection, const std::vector<Scene::Channel>& channels);
+
+// Puts the first profile that can be chosen in force when none is. To be called after whatever changed the profiles.
+Sqlite::Result putProfileInForce(Sqlite::Connection& connection);
 
 } // namespace StoreSchema

@@ -1,6 +1,7 @@
 #include "DeviceFacts.h"
 
 #include "CoreStore.h"
+#include "Text.h"
 #include "vtString.h"
 
 namespace DeviceFacts {
@@ -20,7 +21,7 @@ int get(std::string_view name, int& number)
     const int status = CoreStore::instance().fact(name, value);
     if (status != STORE_OK)
         return status;
-    const std::optional<int> parsed = vtIntegerFromText(value);
+    const std::optional<int> parsed = Text::integer(value);
     number = parsed.value_or(number);
     return parsed ? STORE_OK : STORE_WRONG_TYPE;
 }

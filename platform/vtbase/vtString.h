@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +22,3 @@ bool vtStringEncodeUtf8(const vtTypes::String& text, std::string& utf8);
 
 // Strict decoding: overlong forms, surrogates and truncated sequences are errors. False leaves `text` alone.
 bool vtStringFromUtf8(std::string_view utf8, vtTypes::String& text);
-
-// The 32-bit number that the whole of `text` is in decimal digits, with "-" before a negative one.
-std::optional<int> vtIntegerFromText(std::string_view text);

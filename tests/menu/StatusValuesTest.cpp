@@ -55,8 +55,8 @@ TEST_F(StatusValuesTest, ListsEachNameOnALineOfItsOwn)
     EXPECT_EQ(ProfileChoice::current(), "P Q");
 
     Sqlite::Connection file;
-    ASSERT_EQ(file.open(store.path(), SQLITE_OPEN_READWRITE), SQLITE_OK);
-    ASSERT_EQ(file.execute("DROP TABLE channel; DROP TABLE profile"), SQLITE_OK);
+    ASSERT_TRUE(file.open(store.path(), SQLITE_OPEN_READWRITE).isOk());
+    ASSERT_TRUE(file.execute("DROP TABLE channel; DROP TABLE profile").isOk());
     EXPECT_EQ(StatusValues::subscription(), "");
     EXPECT_EQ(ProfileChoice::list(), "");
     EXPECT_EQ(ProfileChoice::current(), "");

@@ -2,7 +2,7 @@
 
 #include "Output.h"
 #include "SettingGroups.h"
-#include "vtString.h"
+#include "Text.h"
 
 std::optional<SettingKey> SettingKey::parse(const std::string& name)
 {
@@ -10,7 +10,7 @@ std::optional<SettingKey> SettingKey::parse(const std::string& name)
     if (inside == std::string::npos)
         return std::nullopt;
     // A group without a name goes by its number, which is also how it is listed.
-    const std::optional<int> number = vtIntegerFromText(std::string_view(name).substr(0, inside));
+    const std::optional<int> number = Text::integer(std::string_view(name).substr(0, inside));
     if (number && inside + 1 < name.size() && settingGroupName(*number).empty())
         return SettingKey{*number, name.substr(inside + 1)};
     // Every group's name has exactly one dot.
@@ -33,7 +33,7 @@ std::optional<SettingValue> parseSettingValue(size_t type, const std::string& te
 {
     switch (type) {
     case 0:
-        return vtIntegerFromText(text);
+        return Text::integer(text);
     case 1:
         if (text != "true" && text != "false")
             return std::nullopt;

@@ -1,8 +1,9 @@
 #include "Commands.h"
 #include "Tool.h"
 
+#include "CoreStore.h"
+#include "Text.h"
 #include "aplog.h"
-#include "vtString.h"
 
 #include <QCoreApplication>
 
@@ -16,18 +17,15 @@ constexpr void (*commandGroups[])(Tool&) = {
     addEventCommands,   addServiceCommand, addWatchCommand,
 };
 
+// Milliseconds that a command waits for another program's write; nobody's screen stands still meanwhile.
+constexpr int toolPatience = 5000;
+
 // The platform log must not mix with results.
 void logToStandardError()
 {
     _aplog_init_orig("vistanectl", 0);
     if (!libaplog_to_module_ptr)
         libaplog_to_module_ptr = stderr;
-}
-
-bool isUtf8(const std::string& text)
-{
-    vtTypes::String decoded;
-    return vtStringFromUtf8(text, decoded);
 }
 
 } // namespace
@@ -37,10 +35,11 @@ int main(int argc, char** argv)
     std::vector<std::string> arguments(argv + 1, argv + argc);
     const QCoreApplication application(argc, argv);
     logToStandardError();
+    CoreStore::setPatience(toolPatience);
     Tool tool;
     for (const auto addCommands : commandGroups)
         addCommands(tool);
-    if (!std::all_of(arguments.begin(), arguments.end(), isUtf8))
+    if (!std::all_of(arguments.begin(), arguments.end(), Text::isUtf8))
         return tool.fail(Usage, "the command line", "is not UTF-8");
     std::reverse(arguments.begin(), arguments.end());
     return tool.run(std::move(arguments));

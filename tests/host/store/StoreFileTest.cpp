@@ -2,14 +2,17 @@
 #include "LogCapture.h"
 #include "Sqlite.h"
 
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -34,8 +37,9 @@ protected:
     void sql(const char* statement) const
     {
         Sqlite::Connection connection;
-        ASSERT_EQ(connection.open(path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), SQLITE_OK);
-        ASSERT_EQ(connection.execute(statement), SQLITE_OK);
+        ASSERT_TRUE(connection.open(path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).isOk());
+        sqlite3_db_config(connection.handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
+        ASSERT_TRUE(connection.execute(statement).isOk()) << sqlite3_errmsg(connection.handle());
     }
 
     QTemporaryDir mDir;
@@ -81,44 +85,119 @@ TEST_F(StoreFileTest, AnInterruptedFirstStartIsMadeUpFor)
     EXPECT_FALSE(isSetAside(1));
 }
 
-TEST_F(StoreFileTest, AFileThatCannotBeUsedIsKeptUnderAnotherName)
+TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
 {
-    std::ofstream(path() + "-wal") << "its log";
-    const std::function<void()> spoilers[] = {
-        [&] { std::ofstream(path()) << "Dear diary, this is no database.\n"; },
-        [&] { sql("CREATE TABLE diary(entry)"); }, // another program's
-        [&] { sql("PRAGMA user_version = 99"); },  // newer
-        [&] {
-            makeStore(); // damaged
-            std::fstream(path(), std::ios::in | std::ios::out).seekp(4096) << std::string(4096, '\xa5');
-        },
-        [&] {
-            makeStore(); // cut short
-            fs::resize_file(path(), fs::file_size(path()) - 4096);
-        },
-        [&] {
-            makeStore(); // with a table missing
-            sql("DROP TABLE profile");
-        },
+    const std::string log(300, 'L');
+    const auto writeLog = [&] { std::ofstream(path() + "-wal") << log; };
+    const std::pair<const char*, std::function<void()>> spoilers[] = {
+        {"no database", [&] { std::ofstream(path()) << "Dear diary, this is no database.\n"; }},
+        {"of a few bytes", [&] { std::ofstream(path()) << "SQLite format 3"; }},
+        {"empty beside its log", [&] { std::ofstream(path()).close(), writeLog(); }},
+        {"gone, its log left", writeLog},
+        {"another program's", [&] { sql("CREATE TABLE diary(entry)"); }},
+        {"newer", [&] { sql("PRAGMA user_version = 99"); }},
+        {"damaged",
+         [&] {
+             makeStore();
+             std::fstream(path(), std::ios::in | std::ios::out).seekp(4096) << std::string(4096, '\xa5');
+         }},
+        {"cut", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) - 4096); }},
+        {"cut within a page", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) - 96); }},
+        {"longer by a part of a page", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) + 96); }},
+        {"without a table", [&] { makeStore(), sql("DROP TABLE profile"); }},
+        {"with a table more", [&] { makeStore(), sql("CREATE TABLE more(a)"); }},
+        {"with an index more", [&] { makeStore(), sql("CREATE INDEX more ON setting(value)"); }},
+        {"a view for a table",
+         [&] {
+             makeStore(), sql("DROP TABLE fact; CREATE VIEW fact AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                              "SELECT i + 1 FROM n) SELECT i AS name, i AS value FROM n");
+         }},
+        {"a trigger that forgets",
+         [&] {
+             makeStore(), sql("CREATE TRIGGER forget AFTER INSERT ON setting BEGIN DELETE FROM setting; END");
+         }},
     };
     int count = 0;
-    for (const auto& spoil : spoilers) {
-        SCOPED_TRACE(++count);
+    for (const auto& [what, spoil] : spoilers) {
+        SCOPED_TRACE(what);
         spoil();
         const std::string before = contentOf(path());
-        const LogCapture log;
+        const std::string logBefore = contentOf(path() + "-wal");
+        const LogCapture lines;
         {
             CoreStore store(path());
             EXPECT_TRUE(startsFromThePack(store));
             EXPECT_EQ(store.write(menu, "mine", 7), STORE_OK);
         }
-        const std::string kept = path() + ".set-aside-" + std::to_string(count);
+        const std::string kept = path() + ".set-aside-" + std::to_string(++count);
         EXPECT_EQ(contentOf(kept), before);
-        ASSERT_EQ(log.lines().size(), 1u) << log.text();
-        EXPECT_NE(log.text().find(kept), std::string::npos);
-        fs::remove_all(path());
+        EXPECT_EQ(contentOf(kept + "-wal"), logBefore);
+        ASSERT_EQ(lines.lines().size(), 1U) << lines.text();
+        EXPECT_NE(lines.text().find(kept), std::string::npos);
+        fs::remove(path());
     }
-    EXPECT_EQ(contentOf(path() + ".set-aside-1-wal"), "its log");
+}
+
+TEST_F(StoreFileTest, AValueThatNoSettingCanHaveIsOfAWrongType)
+{
+    makeStore();
+    sql("INSERT INTO setting VALUES(5, 'big', 1, 0, 4294967298), (5, 'text', 1, 0, 'x'), (5, 'blob', 1, 2, x'00'),"
+        " (5, 'kind', 1, 7, 1), (5, 'bool', 1, 1, 2147483648)");
+    const LogCapture log;
+    CoreStore store(path());
+    for (const char* key : {"big", "text", "blob", "kind", "bool"}) {
+        SettingValue value = 3;
+        EXPECT_EQ(store.read(menu, key, value), STORE_WRONG_TYPE) << key;
+        EXPECT_EQ(value, SettingValue(3));
+    }
+    std::vector<CoreStore::Listed> listed;
+    EXPECT_EQ(store.list(listed), STORE_OK);
+    EXPECT_EQ(listed.size(), OperatorPack::builtIn().settings.size() + 1);
+    EXPECT_EQ(log.lines().size(), 5U) << "each is named";
+}
+
+TEST_F(StoreFileTest, AFileThatIsReplacedIsNoticedByTheNextWrite)
+{
+    makeStore();
+    fs::rename(path(), folder() + "/other.db");
+    CoreStore store(path());
+    const auto expectUsed = [&] {
+        const LogCapture log;
+        SettingValue value;
+        EXPECT_EQ(store.write(menu, "later", 1), STORE_OK);
+        EXPECT_EQ(CoreStore(path()).read(menu, "later", value), STORE_OK);
+        EXPECT_NE(log.text().find("was replaced"), std::string::npos);
+    };
+    fs::rename(folder() + "/other.db", path());
+    expectUsed();
+    SettingValue value;
+    EXPECT_EQ(store.read(menu, "mine", value), STORE_OK) << "it is the new one";
+    fs::remove(path());
+    expectUsed();
+}
+
+// A person waits for the screen meanwhile, and for all that one choice writes.
+TEST_F(StoreFileTest, AStrangersLockIsWaitedForOnceAndNotLong)
+{
+    makeStore();
+    Sqlite::Connection stranger;
+    ASSERT_TRUE(stranger.open(path(), SQLITE_OPEN_READWRITE).isOk());
+    const int folderLock = open(folder().c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(flock(folderLock, LOCK_EX), 0);
+    ASSERT_TRUE(stranger.execute("BEGIN IMMEDIATE").isOk());
+    QElapsedTimer time;
+    time.start();
+    CoreStore store(path());
+    EXPECT_LT(time.elapsed(), 400) << "no lock holds up a start";
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(store.write(menu, "mine", i), STORE_BUSY);
+    EXPECT_GE(time.elapsed(), 300);
+    EXPECT_LT(time.elapsed(), 3000) << "twenty times the patience were ten seconds";
+    SettingValue value;
+    EXPECT_EQ(store.read(menu, "mine", value), STORE_OK);
+    ASSERT_TRUE(stranger.execute("ROLLBACK").isOk());
+    EXPECT_EQ(store.write(menu, "mine", 8), STORE_OK);
+    close(folderLock);
 }
 
 TEST_F(StoreFileTest, WithoutAFileTheStoreLivesInMemory)

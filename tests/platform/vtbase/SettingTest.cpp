@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
-
 using namespace std::string_literals;
 
 namespace {
@@ -50,30 +46,4 @@ TEST(Setting, AnotherProgramsWriteIsSeenByTheNextRead)
         ASSERT_EQ(manager().getInt(menu, "n", number), STORE_OK);
         ASSERT_EQ(number, i);
     }
-}
-
-TEST(Setting, AKilledProgramLosesNothingThatWasAcknowledged)
-{
-    const TestStore store;
-    int acknowledged[2];
-    ASSERT_EQ(pipe(acknowledged), 0);
-    const pid_t writer = fork();
-    if (writer == 0) {
-        CoreStore mine(store.path());
-        for (int i = 0;; ++i)
-            if (mine.write(menu, "n", i) != STORE_OK || write(acknowledged[1], &i, sizeof i) != sizeof i)
-                _exit(1);
-    }
-    close(acknowledged[1]);
-    int last = -1;
-    while (read(acknowledged[0], &last, sizeof last) == sizeof last)
-        if (last == 50)
-            kill(writer, SIGKILL);
-    waitpid(writer, nullptr, 0);
-    close(acknowledged[0]);
-
-    int number = -1;
-    EXPECT_GE(last, 50);
-    EXPECT_EQ(manager().getInt(menu, "n", number), STORE_OK);
-    EXPECT_GE(number, last);
 }
