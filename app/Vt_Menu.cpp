@@ -31,14 +31,11 @@ void openMenuChannel(vtmenu::MenuViewer* rootViewer)
         logger({3, channelLogLine}, "pMenuChannel is NULL ");
 }
 
-} // namespace
-
 // The order of the steps is fixed: the action table before the registry, whose entries read settings as they
 // are built, and both before anything is shown. While the identity is awaited, signals keep their default
 // action, so that Ctrl-C ends the program there, too.
-int main(int argc, char** argv)
+int run(int& argc, char** argv)
 {
-    _aplog_init_orig("vistane", 0);
     UApplication application(argc, argv, UApplication::GuiClient);
     TAPI_CLIENT_Init(0, 0);
     while (!probeIdentity())
@@ -58,4 +55,14 @@ int main(int argc, char** argv)
 
     TAPI_CLIENT_Fini();
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    _aplog_init_orig("vistane", 0);
+    const int status = run(argc, argv);
+    ApiProvider::tearDown(); // last of all: the memory texts are those of the whole run
+    return status;
 }

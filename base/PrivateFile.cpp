@@ -1,6 +1,8 @@
 #include "PrivateFile.h"
 
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,11 +14,11 @@ bool isOwn(const struct stat& status)
     return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
 }
 
-// The descriptor of a file that is the user's own, or -1. Nothing has been done to the file yet: whether it is
-// one of ours is only known once it is open. O_NONBLOCK keeps a pipe from holding us up.
-int openOwn(const char* path, int flags)
+// The descriptor of a file that is the user's own, open for reading, or -1. Whether it is one of ours is only known once
+// it is open. O_NONBLOCK keeps a pipe from holding us up.
+int openOwn(const char* path)
 {
-    const int file = open(path, flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600);
+    const int file = open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     struct stat status;
     if (file < 0)
         return -1;
@@ -39,17 +41,30 @@ bool writeAll(int file, std::string_view text)
     return true;
 }
 
+// Whether nothing has the name, or a file of the user's own, which a new one may replace.
+bool mayReplace(const char* path)
+{
+    struct stat status;
+    return lstat(path, &status) == 0 ? isOwn(status) : errno == ENOENT;
+}
+
 } // namespace
 
 namespace PrivateFile {
 
+// A new file is renamed over the name. Whatever somebody else puts there in between loses its name at worst; to open
+// what is there and look afterwards would leave time to swap it for a link to a file of his choice.
 bool write(const char* path, std::string_view text)
 {
-    const int file = openOwn(path, O_WRONLY | O_CREAT);
+    std::string name = std::string(path) + ".XXXXXX";
+    const int file = mayReplace(path) ? mkostemp(name.data(), O_CLOEXEC) : -1;
     if (file < 0)
         return false;
-    const bool done = fchmod(file, 0600) == 0 && ftruncate(file, 0) == 0 && writeAll(file, text);
-    return close(file) == 0 && done;
+    const bool written = writeAll(file, text);
+    if (close(file) == 0 && written && rename(name.c_str(), path) == 0)
+        return true;
+    unlink(name.c_str());
+    return false;
 }
 
 void remove(const char* path)
@@ -61,7 +76,7 @@ void remove(const char* path)
 
 std::string read(const char* path)
 {
-    const int file = openOwn(path, O_RDONLY);
+    const int file = openOwn(path);
     if (file < 0)
         return {};
     std::string text;

@@ -1,5 +1,6 @@
 #include "Text.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace {
@@ -33,6 +34,46 @@ Lead leadOf(unsigned char byte)
 } // namespace
 
 namespace Text {
+
+std::string lowerCase(std::string_view text)
+{
+    std::string result(text);
+    std::transform(text.begin(), text.end(), result.begin(), [](char c) { return lowerCase(c); });
+    return result;
+}
+
+bool equalsIgnoreCase(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char left, char right) { return lowerCase(left) == lowerCase(right); });
+}
+
+std::string withoutControls(std::string_view text, std::string_view kept)
+{
+    std::string result(text);
+    for (size_t i = 0; i < result.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(result[i]);
+        if ((byte < ' ' || byte == 0x7f) && !contains(kept, result[i]))
+            result[i] = ' ';
+        else if (byte >= 0x80 && byte <= 0x9f && i > 0 && result[i - 1] == '\xc2')
+            result[i - 1] = result[i] = ' ';
+    }
+    return result;
+}
+
+std::string percentEncoded(std::string_view text, std::string_view kept)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string result;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (isLetter(c) || isDigit(c) || contains("-._~", c) || contains(kept, c))
+            result += c;
+        else
+            result += {'%', digits[byte >> 4], digits[byte & 15]};
+    }
+    return result;
+}
 
 std::optional<char32_t> decode(std::string_view utf8, size_t& at)
 {

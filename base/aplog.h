@@ -9,7 +9,8 @@
 extern "C" FILE* libaplog_to_module_ptr;
 
 // Registers the program under `module` and opens its stream: the file named by VISTANE_LOG, which is appended
-// to. Without that variable, or when the file can't be opened (said once on standard error), the stream stays
+// to; once it has 1 MB, it is renamed to NAME.1, in place of the one before, and a new one begins. A pipe that nobody
+// reads, or that is full, loses lines rather than hold up the program. Without that variable, or when the file can't be opened (said once on standard error), the stream stays
 // null. Lines reach the file or standard output one by one. `flags` means nothing on this host. Always returns
 // 0.
 extern "C" int _aplog_init_orig(const char* module, int flags);

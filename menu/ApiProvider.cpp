@@ -8,7 +8,11 @@
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
 
+#include <utility>
+
 namespace {
+
+ApiProvider* theProvider = nullptr;
 
 // Where a navigation event leads.
 enum NavigationCode { PREVIOUS_CHANNEL = 5, NEXT_CHANNEL = 6, READ_STORY = 7 };
@@ -74,8 +78,14 @@ void registerApis(ApiRegistry& apis)
 
 ApiProvider* ApiProvider::instance()
 {
-    static ApiProvider* const provider = new ApiProvider;
-    return provider;
+    if (!theProvider)
+        theProvider = new ApiProvider;
+    return theProvider;
+}
+
+void ApiProvider::tearDown()
+{
+    delete std::exchange(theProvider, nullptr);
 }
 
 ApiProvider::ApiProvider() : Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED)

@@ -7,8 +7,7 @@ struct State;
 // The file that carries the memory texts of the details page from one run to the next: three lines, the total,
 // free and used memory as they are shown. It is a PrivateFile. Whatever fails is not reported.
 //
-// The ApiProvider saves it when it is torn down; the program's provider lives as long as the process, so
-// nothing saves the file while the program runs.
+// The ApiProvider saves it when it is torn down, at the end of the process; nothing saves it while the program runs.
 namespace MemoryFile {
 
 inline constexpr char defaultPath[] = "/tmp/vtmem";

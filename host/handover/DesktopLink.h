@@ -17,7 +17,7 @@ std::string checked(std::string_view link);
 // A mailto: link of the given values, none of which can bring a header of its own. `to` is still
 // percent-encoded, as it stood in a link; the others are plain text. Commas separate addresses.
 std::string mail(std::string_view to, std::string_view cc, std::string_view bcc, std::string_view subject,
-                 std::string_view body);
+                 std::string_view text);
 
 // An sms: link to `address`, which is still percent-encoded like `to` above, its text preset to `text` unless
 // that is empty.

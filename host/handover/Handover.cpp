@@ -3,6 +3,7 @@
 #include "DesktopLink.h"
 #include "HostBus.h"
 #include "Log.h"
+#include "Text.h"
 
 #include <QFile>
 #include <QProcess>
@@ -23,11 +24,12 @@ constexpr size_t maxArgument = 128 * 1024 - 1;
 
 std::vector<std::string> started;
 
-// Every character counts, a byte order mark at the start too.
+// Every character counts, a byte order mark at the start too; what is no character is shown to have been there.
 QString asText(std::string_view bytes)
 {
+    const std::string clean = Text::cleanUtf8(bytes);
     QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
-    QString text = decoder(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
+    QString text = decoder(QByteArrayView(clean.data(), qsizetype(clean.size())));
     return text.replace(QChar(0), QChar::ReplacementCharacter);
 }
 

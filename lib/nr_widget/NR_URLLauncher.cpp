@@ -6,6 +6,7 @@
 #include "NR_EngineUtils.h"
 #include "NR_MessageFile.h"
 #include "SDManager.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -52,20 +53,6 @@ void startApplication(std::string_view appId, std::string_view argument = {})
     AM_LauncherClient::launchAppObject(appId, argument, 0, true, true);
 }
 
-// A link must not forge a log line of its own, nor cut one short. A terminal takes U+0080 to U+009F for
-// controls too.
-std::string shownInLog(std::string text)
-{
-    for (size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        if (byte < ' ' || byte == 0x7f)
-            text[i] = ' ';
-        else if (byte >= 0x80 && byte <= 0x9f && i > 0 && text[i - 1] == '\xc2')
-            text[i - 1] = text[i] = ' ';
-    }
-    return text;
-}
-
 // How the launchers of messages differ.
 struct MessageKind
 {
@@ -89,8 +76,8 @@ void composeMessage(const std::string& link, const MessageKind& kind)
     NR_URLLauncher::parseSmsUrl(link, address, text);
     if (kind.decodes)
         text = NR_URLLauncher::percentDecode(text);
-    logger(7, "%s: address = %s\n", kind.launcher, shownInLog(address).c_str());
-    logger(7, "%s: text = %s\n", kind.launcher, shownInLog(text).c_str());
+    logger(7, "%s: address = %s\n", kind.launcher, Text::withoutControls(address).c_str());
+    logger(7, "%s: text = %s\n", kind.launcher, Text::withoutControls(text).c_str());
     AM_ActionData request;
     request.setAction("SendMMSSMS");
     request.setValue("ContactList", address);

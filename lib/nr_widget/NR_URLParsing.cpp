@@ -1,5 +1,6 @@
 #include "Log.h"
 #include "NR_URLLauncher.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,18 +15,6 @@ constexpr std::string_view headerSubject = "subject";
 constexpr std::string_view headerBody = "body";
 
 constexpr size_t longestNumber = 24;
-
-// Not std::tolower: in a Turkish locale it would take "MAILTO" for another word, and a negative char is beyond
-// it.
-char lowerCase(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool contains(std::string_view set, char c)
-{
-    return set.find(c) != std::string_view::npos;
-}
 
 // The character that an escape may bring into a number, or 0. `escape` is what follows the "%", two characters.
 char numberEscape(std::string_view escape)
@@ -90,8 +79,7 @@ std::string NR_URLLauncher::getURLScheme(const std::string& link)
 
 bool NR_URLLauncher::equalsIgnoreCase(std::string_view a, std::string_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char left, char right) { return lowerCase(left) == lowerCase(right); });
+    return Text::equalsIgnoreCase(a, b);
 }
 
 std::string NR_URLLauncher::parseTelNo(const std::string& number)
@@ -112,10 +100,10 @@ std::string NR_URLLauncher::parseTelNo(const std::string& number)
     }
     while (i < text.size()) {
         const char c = text[i++];
-        if (contains("0123456789#*ABCDnpw", c)) {
+        if (Text::contains("0123456789#*ABCDnpw", c)) {
             result += c;
-        } else if (contains("NPW", c)) {
-            result += lowerCase(c);
+        } else if (Text::contains("NPW", c)) {
+            result += Text::lowerCase(c);
         } else if (c == '%') {
             const std::string_view escape = text.substr(i, 2);
             const char meant = numberEscape(escape);
@@ -124,7 +112,7 @@ std::string NR_URLLauncher::parseTelNo(const std::string& number)
             else
                 result.clear(); // what came before is lost, what comes after still counts
             i += escape.starts_with('2') ? 2 : 1;
-        } else if (!contains("(),-./", c)) {
+        } else if (!Text::contains("(),-./", c)) {
             return {};
         }
     }
@@ -133,10 +121,7 @@ std::string NR_URLLauncher::parseTelNo(const std::string& number)
 
 int NR_URLLauncher::hexDigitValue(char c)
 {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    c = lowerCase(c);
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+    return Text::hexDigitValue(c);
 }
 
 std::string NR_URLLauncher::percentDecode(const std::string& text)

@@ -5,20 +5,41 @@
 #include "Log.h"
 #include "Look.h"
 #include "PhoneScreen.h"
+#include "Text.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFontDatabase>
 #include <QLocale>
 #include <QTranslator>
 
+#include <csignal>
+
 namespace {
 
 const Log logger("UApplication");
+
+// Qt believes any number, and shows a black window, or none, at some of them.
+void checkScale()
+{
+    constexpr char variable[] = "QT_SCALE_FACTOR";
+    constexpr double largest = 16;
+    bool isNumber = false;
+    const QByteArray given = qgetenv(variable);
+    const double scale = given.toDouble(&isNumber);
+    if (given.isEmpty() || (isNumber && scale > 0 && scale <= largest))
+        return;
+    logger(3, "%s is %s, but a number above 0 and up to 16 is wanted: taking 1", variable,
+           Text::withoutControls(given.left(100).toStdString()).c_str());
+    qputenv(variable, "1");
+}
 
 // The phone looks the same everywhere: no desktop's theme, no colours or fonts but its own. Qt asks for the bus, too.
 int& beforeQtStarts(int& argc)
 {
     QApplication::setDesktopSettingsAware(false);
+    // A reader of the log that goes away ends nothing. Qt gives what it starts the default action back.
+    std::signal(SIGPIPE, SIG_IGN);
+    checkScale();
     HostBus::avoidSilentBus();
     Fonts::configure();
     return argc;

@@ -3,9 +3,8 @@
 #include "CoreStore.h"
 #include "DeviceFacts.h"
 #include "SettingGroups.h"
+#include "Text.h"
 #include "VistaneSettingMgr.h"
-
-#include <QByteArray>
 
 #include <string_view>
 
@@ -37,7 +36,7 @@ std::string fillIn(const Macro& macro)
 {
     std::string value;
     CoreStore::instance().fact(macro.fact, value);
-    return QByteArray::fromStdString(value).toPercentEncoding().toStdString();
+    return Text::percentEncoded(value);
 }
 
 // A device that can't tell where it is counts as being at home, as on the details page.

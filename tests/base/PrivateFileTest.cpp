@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace std::string_literals;
@@ -65,6 +68,27 @@ TEST_F(PrivateFileTest, NothingPlantedIsFollowed)
     ASSERT_EQ(symlink(other.c_str(), path.c_str()), 0);
     EXPECT_FALSE(PrivateFile::write(path.c_str(), "text"));
     EXPECT_NE(access(other.c_str(), F_OK), 0) << "made what a dangling link names";
+}
+
+// Somebody swaps our file for a hard link to a precious one, again and again while we write.
+TEST_F(PrivateFileTest, ALinkThatIsPlantedInBetweenIsNotFollowed)
+{
+    std::ofstream(other) << "precious";
+    std::atomic<bool> isOver = false;
+    std::thread swapper([&] {
+        while (!isOver) {
+            std::remove(path.c_str());
+            [[maybe_unused]] const int linked = link(other.c_str(), path.c_str());
+        }
+    });
+    int written = 0;
+    for (int i = 0; i < 3000; ++i)
+        written += PrivateFile::write(path.c_str(), "text");
+    isOver = true;
+    swapper.join();
+    std::remove(path.c_str());
+    EXPECT_EQ(PrivateFile::read(other.c_str()), "precious") << written << " were written";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()), {}), 1) << "left behind";
 }
 
 TEST_F(PrivateFileTest, SomebodyElsesFileIsLeftAlone)

@@ -18,7 +18,7 @@ public:
     struct Call
     {
         std::vector<std::string> words; // its name and its arguments, to the byte
-        std::string state; // its folder, what its descriptors are open on, and its session, one a line
+        std::string state; // its folder, what its descriptors are open on, the signals it ignores, its session, one a line
     };
 
     explicit DesktopStandIn(const std::vector<std::string>& programs = {"xdg-open"})
@@ -68,6 +68,7 @@ record=${0%/*}/$$
 (
     pwd
     for descriptor in 0 1 2 3 4 5 6 7 8 9; do readlink /proc/$$/fd/$descriptor; done
+    grep SigIgn /proc/$$/status
     cut -d ' ' -f 6 /proc/$$/stat
     printf '\0'
     printf '%s\0' "${0##*/}" "$@"

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -33,9 +34,11 @@ TEST(Handover, StartsTheProgramThatIsInstalledUnlessItIsOff)
     qputenv("VISTANE_HANDOVER", "off");
     EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, true), 0);
     EXPECT_EQ(AM_LauncherClient::openDocument("rtsp://h\0\xff"s, {}, true), 0);
+    EXPECT_EQ(AM_LauncherClient::openDocument("a\xe2\x82", {}, true), 0);
     const Words expected = {"launchAppObject|"s + addressBook + "||0|true|false",
                             "launchAppObject|"s + addressBook + "||0|true|true",
-                            "openDocument|rtsp://h\xef\xbf\xbd\xef\xbf\xbd||true"};
+                            "openDocument|rtsp://h\xef\xbf\xbd\xef\xbf\xbd||true",
+                            "openDocument|a\xef\xbf\xbd\xef\xbf\xbd||true"};
     EXPECT_EQ(requests.take(), expected);
     EXPECT_TRUE(desktop.take(0).empty());
 }
@@ -61,13 +64,16 @@ TEST(Handover, WhatIsStartedLivesByItself)
     DesktopStandIn desktop;
     int leaky[2];
     ASSERT_EQ(pipe(leaky), 0);
+    const auto before = signal(SIGPIPE, SIG_IGN);
     ASSERT_EQ(AM_LauncherClient::loadURL("http://h"), 0);
+    signal(SIGPIPE, before);
     const auto calls = desktop.take(1);
     ASSERT_EQ(calls.size(), 1u);
     const std::string& state = calls[0].state;
     EXPECT_TRUE(state.starts_with("/\n/dev/null\n/dev/null\n/dev/null\n"))
         << state << "a link must not name a file of the folder we happen to be in";
     EXPECT_EQ(state.find("pipe:"), std::string::npos) << state;
+    EXPECT_NE(state.find("SigIgn:\t0000000000000000\n"), std::string::npos) << "inherits what we ignore: " << state;
     EXPECT_FALSE(state.ends_with('\n' + std::to_string(getsid(0)) + '\n')) << "is of our session";
 
     qputenv("PATH", "/nonexistent");
