@@ -2,7 +2,7 @@
 # real key presses. To be sourced by a bash script, which then calls
 #
 #     phone_begin FOLDER-WITH-THE-PROGRAMS "$@"     once, first; runs the script again on a bus of its own
-#     phone_start [VARIABLE=VALUE...]               starts the program and waits for its window
+#     phone_start [ARGUMENT...]                     starts the program, by env, and waits for its window
 #     phone_press KEY...                            presses keys, each once the screen rests
 #     phone_picture FILE                            saves what the screen shows once it rests
 #     phone_service [OPTION...]                     starts the stand-in service, in place of one that runs
@@ -28,7 +28,8 @@ phone_begin() {
     vistanectl scene load "$(dirname "${BASH_SOURCE[0]}")/../share/scenes/demo.json"
 
     mkfifo "$phone_dir/display"
-    Xvfb -displayfd 3 -screen 0 1280x1280x24 -nolisten tcp -noreset 3>"$phone_dir/display" 2>/dev/null &
+    # Without auto-repeat, or a machine that is late with a key's release would press it again.
+    Xvfb -displayfd 3 -screen 0 1280x1280x24 -r -nolisten tcp -noreset 3>"$phone_dir/display" 2>/dev/null &
     phone_jobs+=($!)
     local number
     read -r number <"$phone_dir/display"
@@ -42,18 +43,20 @@ phone_end() {
     rm -rf "$phone_dir"
 }
 
-# Waits until a command succeeds; fails after ten seconds.
+# Waits until a command succeeds; fails after a minute.
 phone_wait() {
-    local i
-    for ((i = 0; i < 200; i++)); do
-        "$@" >/dev/null 2>&1 && return 0
+    local end=$((SECONDS + 60))
+    until "$@" >/dev/null 2>&1; do
+        [ $SECONDS -lt $end ] || { echo "waited in vain for: $*" >&2; return 1; }
         sleep 0.05
     done
-    echo "waited in vain for: $*" >&2
-    return 1
 }
 
-phone_find_window() { phone_window=$(xdotool search --onlyvisible --pid "$phone_program" 2>/dev/null | head -n 1); [ -n "$phone_window" ]; }
+# Its window is there and has the keys.
+phone_find_window() {
+    phone_window=$(xdotool search --onlyvisible --pid "$phone_program" 2>/dev/null | head -n 1)
+    [ -n "$phone_window" ] && [ "$(xdotool getwindowfocus)" = "$phone_window" ]
+}
 
 phone_start() {
     env "$@" vistane-menu &
