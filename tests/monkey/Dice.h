@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <iterator>
 
-// Random numbers that are the same on every machine. Each event of a stream and each case of a campaign has dice of its
-// own, so that one can begin at any of them.
+// Random numbers that are the same on every machine. Each life of a walk has dice of its own, so that one can begin at
+// any of them.
 class Dice
 {
 public:
