@@ -27,6 +27,5 @@ forget() { truncate -s 0 "$phone_dir/watch" "$VISTANE_LOG"; }
 on_bus() { grep -qE "$1" "$phone_dir/watch"; }
 in_log() { grep -qF "$1" "$VISTANE_LOG"; }
 setting_is() { [ "$(vistanectl get "$1")" = "$2" ]; }
-# The events so far, without their prefix.
 events() { sed -n 's/^event\tEVENT_//p' "$phone_dir/watch" | tr '\t' ' '; }
 count() { grep -c "$1" "$phone_dir/watch" || true; }

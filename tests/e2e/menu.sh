@@ -25,6 +25,11 @@ for end in "press Return End" "press Escape" "vistanectl close" "vistanectl idle
     ends
 done
 
+exec {log}> >(:) && wait $! # whoever read its log is gone
+phone_start -u VISTANE_LOG >&"$log"
+press Escape
+ends
+
 echo "switched off, it asks at its start; who refuses ends it, and it stays switched off"
 vistanectl set VtCore.System.EnabledMode DISABLED_NORMAL_MODE
 phone_start
