@@ -1,7 +1,6 @@
 #include "ApiOptionForm.h"
 
 #include "ApiRegistry.h"
-#include "ListText.h"
 
 #include <sstream>
 
@@ -39,7 +38,7 @@ std::string ApiOptionForm::optionLabel(int i) const
 
 bool ApiOptionForm::setValue(int i)
 {
-    if (!isChange(i) || ListText::isDisabled(optionLabel(i)))
+    if (!isChange(i))
         return false;
     ApiRegistry::instance()->set(mSetApi, i);
     return true;

@@ -26,9 +26,10 @@ public:
     virtual bool needsWarning(int /*i*/) const { return false; }
 
     virtual int currentIndex() const = 0; // the choice in force
-    // Applies choice `i`. False, and nothing written, when there is no such choice, it can't be chosen, or it
-    // is in force already (the only choice of a form is applied again each time). True otherwise, even when the
-    // write failed; a negative index writes nothing and answers true.
+    // Applies choice `i`. False, and nothing written, when `i` is past the end or, among several, in force
+    // already; the only choice of a form is applied again each time. True otherwise, even when the write
+    // failed; a negative index writes nothing and answers true. A mark on the choice is not looked at: it is the
+    // dialog that lets nobody confirm a choice that can't be chosen.
     virtual bool setValue(int i) = 0;
 
     virtual void watchedKeys(std::set<std::string>& /*keys*/) const {} // as for Entry

@@ -105,7 +105,7 @@ TEST(ProfileForm, ListsTheProfilesAndInstallsTheChosenOne)
         {{{"1", "a DISABLE:"}, {"2", "b"}}, "1", "[][a DISABLE:][b][]", 0, true, "a DISABLE:", false},
         {{{"1", "a"}, {"2", "b"}, {"3", "b"}}, "2", "[][a][b][b][]", 2, true, "b", false},
         {{}, "", "[][]", 0, false, "", false},
-        {{{"1", "a", false}}, "1", "[][DISABLE:a][]", 0, false, "", false},
+        {{{"1", "a", false}}, "1", "[][DISABLE:a][]", 0, false, "", true},
         {{{"1", "a"}}, "1", "[][a][]", 0, false, "a", true},
         {{{"1", "a"}, {"2", "b"}, {"3", "c"}}, "2", "[][a][b][c][]", 1, true, "b", false},
     };
@@ -125,9 +125,14 @@ TEST(ProfileForm, ListsTheProfilesAndInstallsTheChosenOne)
     }
 
     std::string inForce;
+    core.addProfile({"4", "d", false});
+    form.reload();
+    EXPECT_TRUE(form.setValue(3)); // only the dialog minds that it is locked
+    core.currentProfile(inForce);
+    EXPECT_EQ(inForce, "4");
     core.removeProfile("1"); // since it was listed
     setIntSetting(GROUP_MENU, "ProfileSelected", 0);
-    EXPECT_FALSE(form.setValue(3));
+    EXPECT_FALSE(form.setValue(4));
     EXPECT_TRUE(form.setValue(-1));
     EXPECT_EQ(getIntSetting(GROUP_MENU, "ProfileSelected"), 0);
     EXPECT_TRUE(form.setValue(0));
