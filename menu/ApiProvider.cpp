@@ -3,7 +3,7 @@
 #include "ApiRegistry.h"
 #include "MemoryFile.h"
 #include "NR_Constants.h"
-#include "ProfileChoice.h"
+#include "ProfileForm.h"
 #include "StatusValues.h"
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"

@@ -1,16 +1,11 @@
 #include "EntryRegistry.h"
 
-#include "ChannelLink.h"
-#include "ConfigureHeadlinesNode.h"
-#include "CustomHomeModeForm.h"
-#include "DetailsNode.h"
-#include "DownloadForm.h"
-#include "FormAdapter.h"
-#include "HowToUseAction.h"
-#include "NodeAdapter.h"
+#include "FormEntry.h"
+#include "HeadlineEntries.h"
+#include "MenuNode.h"
 #include "ProfileForm.h"
-#include "ScrollingForm.h"
-#include "SetupHeadlinesNode.h"
+#include "SettingsForms.h"
+#include "SettingsNodes.h"
 
 EntryRegistry* EntryRegistry::instance()
 {
@@ -22,9 +17,9 @@ EntryRegistry::EntryRegistry()
 {
     add("SetupHeadlines", new NodeAdapter(new SetupHeadlinesNode), ENTRY_NODE);
     add("CustomHomeMode", new FormAdapter(new CustomHomeModeForm), ENTRY_FORM);
-    add("AddNewChannel", new AddNewChannelLink, ENTRY_LINK);
+    add("AddNewChannel", new ChannelLink("AddNewChannel", "AddNewChannelURL"), ENTRY_LINK);
     add("HowToUse", new HowToUseAction, ENTRY_ACTION);
-    add("ManageMyChannels", new ManageMyChannelsLink, ENTRY_LINK);
+    add("ManageMyChannels", new ChannelLink("ManageMyChannels", "ManageChannelURL"), ENTRY_LINK);
     add("ConfigureHeadlines", new NodeAdapter(new ConfigureHeadlinesNode), ENTRY_NODE);
     add("Scrolling", new FormAdapter(new ScrollingForm), ENTRY_FORM);
     add("Download", new FormAdapter(new DownloadForm), ENTRY_FORM);

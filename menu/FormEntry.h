@@ -1,7 +1,6 @@
 #pragma once
 
-#include <set>
-#include <string>
+#include "Entry.h"
 
 // A setting with a short list of named choices, counted from 0. Texts are UTF-8. The label of a choice that
 // can't be chosen carries the mark of ListText.
@@ -39,4 +38,23 @@ protected:
     bool isChange(int i) const;
 
     bool mWarnOnOff = false; // set by forms that warn before a choice is applied
+};
+
+// A form as a line of a menu: its label, and under it the choice in force when there are several.
+class FormAdapter : public Entry
+{
+public:
+    explicit FormAdapter(FormEntry* form) : mForm(form) {} // not owned
+
+    bool isHidden() const override { return mForm->isHidden(); }
+    bool isEnabled() const override { return mForm->isEnabled(); }
+    std::string label() const override { return mForm->label(); }
+    bool hasValue() const override; // reloads the form first
+    std::string valueText() const override;
+    void watchedKeys(std::set<std::string>& keys) const override { mForm->watchedKeys(keys); }
+
+    virtual FormEntry* form() const { return mForm; }
+
+private:
+    FormEntry* const mForm;
 };

@@ -2,7 +2,6 @@
 
 #include "EntryRegistry.h"
 #include "MenuSettings.h"
-#include "NodeAdapter.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <set>
-#include <string>
-#include <vector>
+#include "Entry.h"
 
-class Entry;
+#include <vector>
 
 // A menu: a title and a list of entries, which are those that the operator's setting "NAME.ChildIDs" names.
 // Texts are UTF-8.
@@ -42,6 +40,23 @@ public:
     const std::string mName;
     std::vector<Entry*> mChildren; // in menu order; not owned
     const int mDetailsFlag;        // 0: a menu list; otherwise a page of details
+};
+
+// A menu node as a line of another menu.
+class NodeAdapter : public Entry
+{
+public:
+    explicit NodeAdapter(MenuNode* node) : mNode(node) {} // not owned
+
+    bool isHidden() const override { return mNode->isHidden(); }
+    bool isEnabled() const override { return mNode->isEnabled(); }
+    std::string label() const override { return mNode->label(); }
+    void watchedKeys(std::set<std::string>& keys) const override { mNode->watchedKeys(keys); }
+
+    virtual MenuNode* node() const { return mNode; }
+
+private:
+    MenuNode* const mNode;
 };
 
 // The names in a child list, which commas separate. Spaces around a name don't count, nor do empty names.

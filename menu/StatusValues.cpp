@@ -1,12 +1,12 @@
 #include "StatusValues.h"
 
-#include "DownloadForm.h"
 #include "ListText.h"
 #include "MenuSettings.h"
 #include "NR_Constants.h"
 #include "NR_ContentCache.h"
 #include "NR_EngineUtils.h"
 #include "SettingHelper.h"
+#include "SettingsForms.h"
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
 #include "vtString.h"

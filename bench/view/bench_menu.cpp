@@ -3,8 +3,8 @@
 #include "ApiProvider.h"
 #include "CoreStore.h"
 #include "EntryRegistry.h"
+#include "MenuNode.h"
 #include "MenuViewer.h"
-#include "NodeAdapter.h"
 #include "SettingHelper.h"
 #include "UApplication.h"
 

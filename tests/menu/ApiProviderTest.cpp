@@ -3,7 +3,7 @@
 #include "ApiRegistry.h"
 #include "BusListener.h"
 #include "FileLock.h"
-#include "HowToUseAction.h"
+#include "HeadlineEntries.h"
 #include "MemoryFile.h"
 #include "NR_Constants.h"
 #include "PrivateFile.h"

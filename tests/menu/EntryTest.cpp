@@ -1,6 +1,6 @@
 #include "ApiProvider.h"
-#include "ChannelLink.h"
-#include "FormAdapter.h"
+#include "FormEntry.h"
+#include "HeadlineEntries.h"
 #include "MenuStore.h"
 #include "SettingHelper.h"
 
@@ -87,8 +87,8 @@ TEST(ChannelLink, ReadsItsLinkOnce)
     MenuStore store;
     setStringSetting(GROUP_NEWS_READER_UI, "AddNewChannelURL", "http://a.example/");
     setStringSetting(GROUP_NEWS_READER_UI, "ManageChannelURL", "http://m.example/");
-    const AddNewChannelLink add;
-    const ManageMyChannelsLink manage;
+    const ChannelLink add("AddNewChannel", "AddNewChannelURL");
+    const ChannelLink manage("ManageMyChannels", "ManageChannelURL");
     setStringSetting(GROUP_NEWS_READER_UI, "AddNewChannelURL", "http://later.example/");
     EXPECT_EQ(add.url(), "http://a.example/");
     EXPECT_EQ(manage.url(), "http://m.example/");

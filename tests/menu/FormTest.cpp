@@ -1,10 +1,8 @@
 #include "ApiProvider.h"
-#include "CustomHomeModeForm.h"
-#include "DownloadForm.h"
-#include "FormAdapter.h"
+#include "FormEntry.h"
 #include "MenuStore.h"
 #include "ProfileForm.h"
-#include "ScrollingForm.h"
+#include "SettingsForms.h"
 #include "SettingHelper.h"
 
 #include <climits>

@@ -2,7 +2,7 @@
 
 #include "CoreStore.h"
 #include "EntryRegistry.h"
-#include "NodeAdapter.h"
+#include "MenuNode.h"
 #include "TestStore.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "CoreStore.h"
 #include "MenuStore.h"
 #include "NR_Constants.h"
-#include "ProfileChoice.h"
+#include "ProfileForm.h"
 #include "SettingHelper.h"
 #include "Sqlite.h"
 #include "Vt_Event.h"

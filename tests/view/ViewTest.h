@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ActionEntry.h"
+#include "Entry.h"
 #include "EntryRegistry.h"
-#include "FormAdapter.h"
+#include "FormEntry.h"
 #include "HostBus.h"
 #include "LogCapture.h"
 #include "ManRefreshView.h"

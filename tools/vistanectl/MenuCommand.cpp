@@ -3,7 +3,6 @@
 #include "ApiProvider.h"
 #include "EntryRegistry.h"
 #include "MenuNode.h"
-#include "NodeAdapter.h"
 #include "Tool.h"
 
 #include <memory>

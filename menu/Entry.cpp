@@ -1,4 +1,4 @@
-#include "ActionEntry.h"
+#include "Entry.h"
 
 #include "ApiRegistry.h"
 

@@ -1,8 +1,25 @@
 #pragma once
 
-#include "SettingsForm.h"
+#include "FormEntry.h"
 
 #include <span>
+
+// A form whose flags and texts are the settings that begin with its name. Once an operator profile is chosen it
+// is disabled.
+class SettingsForm : public FormEntry
+{
+public:
+    // The name is kept, not copied.
+    explicit SettingsForm(const char* name) : mName(name) {}
+
+    bool isHidden() const override;
+    bool isEnabled() const override;
+    std::string title() const override;
+    std::string label() const override;
+
+protected:
+    const char* const mName;
+};
 
 // A form that is its table: each choice a label and the value it stores. `Value` is int or std::string.
 template <class Value>
@@ -40,4 +57,32 @@ private:
 
     const Setting mSetting;
     const std::span<const Choice> mChoices;
+};
+
+// The speed at which the headlines scroll.
+class ScrollingForm : public TableForm<int>
+{
+public:
+    ScrollingForm();
+};
+
+// When the service may download content.
+class DownloadForm : public TableForm<int>
+{
+public:
+    DownloadForm();
+
+    // The key of the label of a stored option; null when there is no such option.
+    static const char* labelKey(int option);
+};
+
+// Switches the headlines on and off; off asks first.
+class CustomHomeModeForm : public TableForm<std::string>
+{
+public:
+    CustomHomeModeForm();
+
+    std::string warningLabel() const override;
+    std::string warningText() const override;
+    bool needsWarning(int i) const override;
 };
