@@ -1,8 +1,10 @@
 #include "MenuNode.h"
 
+#include "ApiProvider.h"
 #include "LogCapture.h"
 #include "MenuStore.h"
 #include "SettingHelper.h"
+#include "StatusValues.h"
 
 #include <tuple>
 
@@ -65,21 +67,45 @@ TEST(MenuNode, LoadsASubMenuOnceHoweverOftenAListNamesIt)
     EXPECT_EQ(log.lines().size(), 1u) << log.text();
 }
 
-TEST(DetailsNode, HasEightRowsWhateverTheChildListSays)
+TEST(MenuNode, LeavesOutAHiddenSubMenuUnloaded)
 {
     MenuStore store(MenuStore::KEYS);
+    setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", "ConfigureHeadlines,Download");
+    setStringSetting(GROUP_MENU, "ConfigureHeadlines.ChildIDs", "Scrolling");
+    setBoolSetting(GROUP_MENU, "ConfigureHeadlines.visible", false);
+    nodeOf("ConfigureHeadlines")->clearChildren();
+    EXPECT_EQ(listed(nodeOf("SetupHeadlines")), "Download");
+    EXPECT_TRUE(nodeOf("ConfigureHeadlines")->mChildren.empty());
+    nodeOf("SetupHeadlines")->loadChildren();
+    EXPECT_EQ(nodeOf("SetupHeadlines")->mChildren.size(), 2) << "loading alone appends";
+}
+
+TEST(DetailsNode, ShowsEachFactUnderItsHeading)
+{
+    MenuStore store(MenuStore::KEYS);
+    ApiProvider::instance();
+    StatusValues::state() = {};
     setStringSetting(GROUP_MENU, "Details.ChildIDs", "Scrolling");
+    CoreStore::instance().setFact("current_network", "Elsewhere");
+    setStringSetting(GROUP_DCD, "RuntimeValues.LastUpdateResult", "FAILED");
     MenuNode* node = nodeOf("Details");
     node->clearChildren();
     node->loadChildren();
-    std::string labels;
+    std::string page;
     for (const Entry* row : node->mChildren) {
         EXPECT_TRUE(!row->isHidden() && row->isEnabled() && row->hasValue());
-        labels += row->label() + ' ';
+        const std::string value = row->valueText();
+        page += row->label() + ": " + value.substr(value.find('\n') == 19 ? 20 : 0) + '\n'; // without the date
     }
-    EXPECT_EQ(labels, "Details.HomeNetworkLabel Details.CurrentNetworkLabel Details.DownloadOptionLabel "
-                      "Details.RoamingStatusLabel Details.CurrentActivityLabel Details.LastConnectionLabel "
-                      "Details.SubscriptionLabel Details.MemoryLabel ");
+    EXPECT_EQ(page, "Details.HomeNetworkLabel: Northline\n"
+                    "Details.CurrentNetworkLabel: Elsewhere\n"
+                    "Details.DownloadOptionLabel: Download.AlwaysLabel\n"
+                    "Details.RoamingStatusLabel: Roaming.NonRoamingLabel\n"
+                    "Details.CurrentActivityLabel: Details.IdleLabel\n"
+                    "Details.LastConnectionLabel: Details.FailedLabel\n"
+                    "Details.SubscriptionLabel: 3 Details.ChannelsLabel\nWorld News\nSport\nWeather\n\n"
+                    "Details.MemoryLabel: Details.ContentMemoryLabel 0 K\nDetails.FreeMemoryLabel 680 K\n"
+                    "Details.TotalMemoryLabel 680 K\n\n");
     EXPECT_NE(node->mDetailsFlag, 0);
 }
 

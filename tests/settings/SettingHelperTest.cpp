@@ -19,42 +19,47 @@ using namespace std::string_literals;
 
 const std::string prefix = "(SettingHelper:*)[~~~~vistane~~~~]";
 
-// One failure of each accessor.
-void callAll(int group, const char* key)
-{
-    EXPECT_EQ(getIntSetting(group, key), 0);
-    setIntSetting(group, key, -7);
-    EXPECT_FALSE(getBoolSetting(group, key));
-    setBoolSetting(group, key, true);
-    EXPECT_EQ(getStringSetting(group, key), "");
-    setStringSetting(group, key, "tëxt");
-}
+// The lines of each accessor for the key "A.b": of a group that there is not, and of a status of the store.
+constexpr const char* failures[][2] = {
+    {"get int setting failed for A.b", "get int setting failed for VtCore.Menu.A.b: 1"},
+    {"set int -7 failed", "set -7 setting failed for VtCore.Menu.A.b: 3"},
+    {"get bool setting failed for A.b", "get bool setting failed for VtCore.Menu.A.b: 1"},
+    {"set bool setting failed for A.b", "set bool 1 setting failed for VtCore.Menu.A.b: 3"},
+    {"get string setting failed for A.b", "get string setting failed for VtCore.Menu.A.b: 1"},
+    {"set string setting failed for A.b", "set string tëxt failed for VtCore.Menu.A.b: 3"},
+};
 
-TEST(SettingHelper, RefusesGroupsFromTwelveOn)
+// Calls all accessors, which must fail with that column of the table, each line continued by `end`.
+void failAll(int group, int column, const std::string& end)
 {
-    TestStore store;
     LogCapture log;
-    callAll(12, "A.b");
-    EXPECT_EQ(log.lines(), (Lines{prefix + "get int setting failed for A.b: group 12 not found",
-                                  prefix + "set int -7 failed: group 12 not found",
-                                  prefix + "get bool setting failed for A.b: group 12 not found",
-                                  prefix + "set bool setting failed for A.b: group 12 not found",
-                                  prefix + "get string setting failed for A.b: group 12 not found",
-                                  prefix + "set string setting failed for A.b: group 12 not found"}));
+    EXPECT_EQ(getIntSetting(group, "A.b"), 0);
+    setIntSetting(group, "A.b", -7);
+    EXPECT_FALSE(getBoolSetting(group, "A.b"));
+    setBoolSetting(group, "A.b", true);
+    EXPECT_EQ(getStringSetting(group, "A.b"), "");
+    setStringSetting(group, "A.b", "tëxt");
+    Lines lines;
+    for (const auto& failure : failures)
+        lines.push_back(prefix + failure[column] + end);
+    EXPECT_EQ(log.lines(), lines);
 }
 
-TEST(SettingHelper, LogsWhatTheStoreAnswers)
+TEST(SettingHelper, LogsEachFailure)
 {
+    {
+        TestStore store;
+        for (int group : {12, 13, INT_MAX}) {
+            SettingValue value;
+            CoreStore::instance().write(group, "A.b", 5); // must neither come out nor change
+            failAll(group, 0, ": group " + std::to_string(group) + " not found");
+            CoreStore::instance().read(group, "A.b", value);
+            EXPECT_EQ(value, SettingValue(5));
+        }
+    }
     CoreStore::use("/dev/null/core.db"); // can't be a file, so every write fails
     CoreStore::instance();
-    LogCapture log;
-    callAll(5, "No.such");
-    EXPECT_EQ(log.lines(), (Lines{prefix + "get int setting failed for VtCore.Menu.No.such: 1",
-                                  prefix + "set -7 setting failed for VtCore.Menu.No.such: 3",
-                                  prefix + "get bool setting failed for VtCore.Menu.No.such: 1",
-                                  prefix + "set bool 1 setting failed for VtCore.Menu.No.such: 3",
-                                  prefix + "get string setting failed for VtCore.Menu.No.such: 1",
-                                  prefix + "set string tëxt failed for VtCore.Menu.No.such: 3"}));
+    failAll(5, 1, "");
 }
 
 TEST(SettingHelper, ReachesEveryOtherGroup)
