@@ -23,9 +23,20 @@ namespace {
 
 const Log logger("ManRefreshView");
 
-// A service that reports in a storm must not pile up timers, nor notices in each other's event loops.
-constexpr size_t maxWaiting = 16;
+// A service that reports in a storm must not pile up timers, nor notices in each other's event loops. What has no room
+// waits: no state that ends a run is lost, and every notice is closed by a person.
+constexpr size_t maxTimers = 16;
 constexpr size_t maxNotices = 8;
+
+bool isProgress(RefreshState state)
+{
+    return state == RefreshState::CONNECTING || state == RefreshState::DOWNLOADING;
+}
+
+bool isNotice(RefreshState state)
+{
+    return state == RefreshState::DOWN_SUCCESS || state == RefreshState::QUEUE_ERROR;
+}
 
 QString menuText(const char* key)
 {
@@ -103,27 +114,59 @@ void ManRefreshView::scheduleDlg(State state)
 {
     if (isHide)
         return;
-    // In a storm, what came last replaces what came before it; timers fire in the order of their start.
-    if (mTimerStates.size() < maxWaiting)
-        mLastTimer = startTimer(0);
-    if (mLastTimer > 0)
-        mTimerStates[mLastTimer] = state;
+    // Of progress that waits for a timer, only the last is news.
+    if (!mWaiting.empty() && isProgress(mWaiting.back()) && isProgress(state))
+        mWaiting.back() = state;
+    else
+        mWaiting.push_back(state);
+    startTimers();
     if (state == State::CONNECTING)
         UApplication::instance()->wakeUpGuiThread();
 }
 
+void ManRefreshView::startTimers()
+{
+    for (; !mWaiting.empty() && mTimerStates.size() < maxTimers; mWaiting.pop_front())
+        if (const int timer = startTimer(0); timer > 0)
+            mTimerStates[timer] = mWaiting.front();
+}
+
+// Timers fire in the order of their start.
 // The dialog may run an event loop in which further timers fire, so this one is forgotten first.
 void ManRefreshView::timerEvent(QTimerEvent* event)
 {
     killTimer(event->timerId());
+    if (event->timerId() == mDueTimer) {
+        mDueTimer = 0;
+        return showDue();
+    }
     const auto waiting = mTimerStates.find(event->timerId());
     if (waiting == mTimerStates.end()) {
         logger(8, "timerid not found:%d", event->timerId());
         return;
     }
-    const State state = waiting->second;
+    mDue.push_back(waiting->second);
     mTimerStates.erase(waiting);
+    startTimers();
+    showDue();
+}
+
+// Shows the first of the states that are due, unless that is one notice too many: then it, and what came after it,
+// stays until one is closed.
+void ManRefreshView::showDue()
+{
+    if (mDue.empty() || (isNotice(mDue.front()) && mNotices.size() >= maxNotices))
+        return;
+    const State state = mDue.front();
+    mDue.pop_front();
+    showDueLater();
     showDlg(state);
+}
+
+void ManRefreshView::showDueLater()
+{
+    if (!mDue.empty() && mDueTimer == 0)
+        mDueTimer = startTimer(0);
 }
 
 void ManRefreshView::showDlg(State state)
@@ -205,17 +248,16 @@ void ManRefreshView::showRetryDlg(State state)
         mConnErr = true;
 }
 
-// Leaves the notice out when too many are up already. False when this view is gone.
+// False when this view is gone.
 bool ManRefreshView::runNotice(UNoticeDlg& notice)
 {
-    if (mNotices.size() == maxNotices)
-        return true;
     const QPointer self(this);
     mNotices.push_back(&notice);
     notice.exec();
     if (!self)
         return false;
     mNotices.pop_back();
+    showDueLater();
     return true;
 }
 

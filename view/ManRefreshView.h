@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <deque>
 #include <map>
 #include <vector>
 
@@ -54,6 +55,9 @@ protected:
 private:
     void onRefreshStatus(int status);
     void scheduleDlg(State state);
+    void startTimers();
+    void showDue();
+    void showDueLater();
     void showProgressDlg(State state);
     void showSuccessNotice();
     void showErrDlg(State state);
@@ -71,8 +75,10 @@ private:
     State mState = State::IDLE;
     bool isHide = false;
     std::map<int, State> mTimerStates; // states waiting for their timer
+    std::deque<State> mWaiting;        // states waiting for a timer: of those there are not many at a time
+    std::deque<State> mDue;            // states whose timers have fired, waiting for a notice to be closed
+    int mDueTimer = 0;                 // shows the next of these
     bool mDownErr = false;             // a download error was raised and not yet answered
     bool mConnErr = false;             // a connection error, likewise
-    int mLastTimer = 0;                // the timer that was started last
     std::vector<UNoticeDlg*> mNotices; // those that are up, each in the event loop of the one before
 };
