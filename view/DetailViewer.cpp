@@ -12,8 +12,6 @@
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
 
-#include <QTimer>
-
 #include <sstream>
 
 namespace vtmenu {
@@ -84,12 +82,11 @@ void DetailViewer::refresh()
 
 void DetailViewer::hideAndDelete()
 {
-    if (mClosing)
+    if (!mLife.beginsToClose())
         return;
-    mClosing = true;
     emit closed();
     close(false);
-    QTimer::singleShot(0, this, SLOT(deleteMe()));
+    mLife.deleteSoon();
 }
 
 void DetailViewer::slotReturnToIdle(int /*reason*/)
@@ -99,7 +96,8 @@ void DetailViewer::slotReturnToIdle(int /*reason*/)
 
 void DetailViewer::deleteMe()
 {
-    delete this;
+    if (mLife.mayBeDeleted())
+        delete this;
 }
 
 } // namespace vtmenu

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "UKbMainWidget.h"
+#include "ViewerLife.h"
 
 #include <vector>
 
@@ -44,7 +45,7 @@ private:
     USoftKey* mSoftKey;
     ManRefreshView* mRefreshView;
     std::vector<UDetailItem*> mItems; // owned by mDetailView, in display order
-    bool mClosing = false;            // hideAndDelete() was called
+    ViewerLife mLife{*this};
 };
 
 } // namespace vtmenu

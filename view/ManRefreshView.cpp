@@ -2,7 +2,6 @@
 
 #include "Log.h"
 #include "NR_Constants.h"
-#include "PhoneScreen.h"
 #include "SettingHelper.h"
 #include "UApplication.h"
 #include "UKeyObject.h"
@@ -87,26 +86,24 @@ void ManRefreshView::handleEvent(const Vt_Event& event)
 {
     logger(7, "[ManRefreshView] Incoming VtEvent of type %s, isHide: %d ...", event.name().c_str(), isHide);
     if (event.name() == NR_Constants::EVENT_INITIATE_MANUAL_REFRESH) {
-        mState = State::CONNECTING;
-        scheduleDlg(State::CONNECTING);
+        advance(RefreshCause::INITIATED);
     } else if (event.name() == NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS) {
         logger(7, "[ManRefreshView] Notify status: %d, state: %d", event.value(), static_cast<int>(mState));
-        onRefreshStatus(event.value());
+        advance(causeOf(event.value()));
     } else if (event.name() == NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR) {
-        mState = State::QUEUE_ERROR;
-        scheduleDlg(State::QUEUE_ERROR);
+        advance(RefreshCause::REFUSED);
     }
 }
 
-// A hidden run stays hidden only while the service reports downloading.
-void ManRefreshView::onRefreshStatus(int status)
+void ManRefreshView::advance(RefreshCause cause)
 {
-    const std::optional<State> state = stateAfter(mState, status);
+    const std::optional<State> state = stateAfter(mState, cause);
     if (!state)
         return;
     mState = *state;
-    if (status != STATUS_DOWNLOADING)
-        isHide = false;
+    // Of the service's reports, only that it downloads leaves a hidden run hidden.
+    const bool isReport = cause != RefreshCause::INITIATED && cause != RefreshCause::REFUSED;
+    isHide = isHide && !(isReport && cause != RefreshCause::DOWNLOADING);
     scheduleDlg(mState);
 }
 
@@ -294,10 +291,10 @@ void ManRefreshView::startRefresh()
     const Vt_Event event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, 0);
     handleEvent(event);
     // The dialog that was answered must not stand there for as long as nothing answers.
-    PhoneScreen::instance()->repaint();
+    UApplication::instance()->repaintScreen();
     QThread::sleep(retryPause);
     // Nor must a key or a tap of that time answer the dialog that is to come.
-    PhoneScreen::instance()->dropEarlyInput();
+    UApplication::instance()->dropEarlyInput();
     send(event);
 }
 

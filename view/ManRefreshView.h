@@ -35,7 +35,7 @@ public:
     // The user hid the progress dialog of a run that goes on.
     bool isHidden() const { return isHide; }
 
-    // Seconds for which a retry blocks before it asks the service again; tests shorten it.
+    // Seconds for which a retry blocks before it asks the service again. Tests shorten it.
     static unsigned retryPause;
 
 public slots:
@@ -53,7 +53,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    void onRefreshStatus(int status);
+    void advance(RefreshCause cause);
     void scheduleDlg(State state);
     void startTimers();
     void showDue();

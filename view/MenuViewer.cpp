@@ -13,27 +13,7 @@
 #include "USettingItem.h"
 #include "USoftKey.h"
 
-#include <QTimer>
-
 namespace vtmenu {
-
-// Held by every call that may run a nested event loop. A return to idle inside that loop asks for the viewer's
-// deletion; it must not come before the call has returned.
-class MenuViewer::Nesting
-{
-public:
-    explicit Nesting(MenuViewer& viewer) : mViewer(viewer) { ++mViewer.mNesting; }
-    ~Nesting()
-    {
-        if (--mViewer.mNesting == 0 && mViewer.mDeleteUnwound)
-            QTimer::singleShot(0, &mViewer, SLOT(deleteMe()));
-    }
-    Nesting(const Nesting&) = delete;
-    Nesting& operator=(const Nesting&) = delete;
-
-private:
-    MenuViewer& mViewer;
-};
 
 MenuViewer::MenuViewer(MenuNode* node, bool isRoot, QWidget* parent, const char* name)
     : UKbMainWidget(parent, name, 0), mNode(node), mIsRoot(isRoot)
@@ -60,7 +40,7 @@ MenuViewer::~MenuViewer()
 
 int MenuViewer::showView()
 {
-    const Nesting nesting(*this);
+    const ViewerLife::Nesting nesting(mLife);
     if (!mNode->isEnabled() && mNode->needsWarning() && !confirmWarning())
         return -1;
     setMainWidgetTitle(QString::fromUtf8(mNode->title()));
@@ -110,7 +90,7 @@ void MenuViewer::rebuildMenuView()
 // was built from. Where that is gone the list is out of date, so it is built again instead.
 void MenuViewer::openItem(int row)
 {
-    const Nesting nesting(*this);
+    const ViewerLife::Nesting nesting(mLife);
     mCurrentIndex = row;
     const auto i = static_cast<size_t>(mListBox->item(row)->getReservedData());
     if (i < mNode->mChildren.size() && mNode->mChildren[i] == mShown[i])
@@ -174,16 +154,17 @@ void MenuViewer::openForm(FormEntry* form)
     mPopup = nullptr;
 }
 
-// Twice is harmless: the first of two timers takes the other one with it.
 void MenuViewer::hideAndDelete()
 {
+    if (!mLife.beginsToClose())
+        return;
     if (mPopup)
         mPopup->close(false);
     close(false);
     if (mIsRoot)
         qApp->quit();
     else
-        QTimer::singleShot(0, this, SLOT(deleteMe()));
+        mLife.deleteSoon();
 }
 
 void MenuViewer::slotReturnToIdle(int /*reason*/)
@@ -193,9 +174,7 @@ void MenuViewer::slotReturnToIdle(int /*reason*/)
 
 void MenuViewer::deleteMe()
 {
-    if (mNesting > 0)
-        mDeleteUnwound = true;
-    else
+    if (mLife.mayBeDeleted())
         delete this;
 }
 

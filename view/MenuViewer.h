@@ -1,6 +1,7 @@
 #pragma once
 
 #include "UKbMainWidget.h"
+#include "ViewerLife.h"
 
 #include <vector>
 
@@ -45,8 +46,6 @@ signals:
     void valueChanged();
 
 private:
-    class Nesting;
-
     bool confirmWarning();
     void openEntry(Entry* entry);
     void openNode(MenuNode* node);
@@ -57,10 +56,9 @@ private:
     UListBox* mListBox;
     USoftKey* mSoftKey;
     int mCurrentIndex = 0;
-    std::vector<Entry*> mShown;  // the node's children as the list was built from them
-    UPopup* mPopup = nullptr;    // the pop-up that this viewer runs now; goes with it, its answer then 0
-    int mNesting = 0;            // calls of this viewer that run a nested event loop
-    bool mDeleteUnwound = false; // deleteMe() came while nested
+    std::vector<Entry*> mShown; // the node's children as the list was built from them
+    UPopup* mPopup = nullptr;   // the pop-up that this viewer runs now; goes with it, its answer then 0
+    ViewerLife mLife{*this};
 };
 
 } // namespace vtmenu

@@ -85,6 +85,16 @@ void UApplication::wakeUpGuiThread()
     eventDispatcher()->wakeUp();
 }
 
+void UApplication::repaintScreen()
+{
+    mScreen->repaint();
+}
+
+void UApplication::dropEarlyInput()
+{
+    mScreen->dropEarlyInput();
+}
+
 void UApplication::returnToIdleLater(int reason)
 {
     QMetaObject::invokeMethod(

@@ -28,6 +28,12 @@ public:
     // Makes the event loop look at its timers and events at once.
     void wakeUpGuiThread();
 
+    // For a program that is about to stand still, and that stood still. The first paints the screen now; after the second,
+    // no tap and of the keys only the red one counts until the event loop has caught up: what a person did meanwhile was
+    // meant for what was on the screen before.
+    void repaintScreen();
+    void dropEarlyInput();
+
     // Emits askReturnToIdle(reason) from the event loop.
     void returnToIdleLater(int reason);
 

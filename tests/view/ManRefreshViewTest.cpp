@@ -220,14 +220,14 @@ protected:
 
 TEST_F(RefreshView, FollowsEverySequenceAtRest)
 {
-    explore(everything, 5, ".", "");
+    explore(everything, 4, ".", "");
 }
 
 // Events that come faster than the event loop turns, with and without keys in between.
 TEST_F(RefreshView, FollowsEveryBurst)
 {
-    explore("iq0123", 5, "", ".");
-    explore(everything + '.', 4, "", ".");
+    explore("iq0123", 4, "", ".");
+    explore(everything + '.', 3, "", ".");
 }
 
 // The dialog was hidden while the one that is to take its place was on its way.
