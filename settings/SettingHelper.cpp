@@ -1,11 +1,11 @@
 #include "SettingHelper.h"
 
 #include "Log.h"
+#include "Text.h"
 #include "UTF_8Util.h"
 #include "VistaneSettingMgr.h"
 #include "vtString.h"
 
-#include <algorithm>
 #include <sstream>
 #include <string_view>
 
@@ -46,18 +46,10 @@ Value read(Log::At at, const char* type, int (VistaneSettingMgr::*get)(int, cons
     return value;
 }
 
-// ASCII only: what the locale takes for letters must not decide which setting is meant.
-char upperCase(char c)
-{
-    return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // Whether `text` begins with `begin`, in any case.
 bool beginsWith(std::string_view text, std::string_view begin)
 {
-    return text.size() >= begin.size() &&
-           std::equal(begin.begin(), begin.end(), text.begin(),
-                      [](char left, char right) { return upperCase(left) == upperCase(right); });
+    return Text::equalsIgnoreCase(text.substr(0, begin.size()), begin);
 }
 
 // The text after the first "." of `text`; all of it when it has none.
@@ -121,7 +113,8 @@ void setStringSetting(int group, const char* key, const std::string& value)
     }
     const int status = store().setString(group, key, line);
     if (status != 0)
-        logger(7, "set string %s failed for %s.%s: %d", value.c_str(), nameOf(group).c_str(), key, status);
+        logger(7, "set string %s failed for %s.%s: %d", Text::withoutControls(value).c_str(), nameOf(group).c_str(), key,
+               status);
 }
 
 int settingGroupOf(const std::string& name)

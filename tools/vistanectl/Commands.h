@@ -13,6 +13,7 @@ void addChannelCommands(Tool& tool);
 void addProfileCommands(Tool& tool);
 void addMenuCommand(Tool& tool);
 void addLintCommand(Tool& tool);
+void addGuideCommand(Tool& tool);
 void addOpenCommand(Tool& tool);
 void addEventCommands(Tool& tool);
 void addServiceCommand(Tool& tool);

@@ -1,7 +1,7 @@
 #include "Commands.h"
 
 #include "CoreStore.h"
-#include "KnownSettings.h"
+#include "SettingTable.h"
 #include "MenuNode.h"
 #include "SettingHelper.h"
 #include "SettingKey.h"
@@ -62,7 +62,7 @@ public:
             mShown.insert(manualRefreshReader);
     }
 
-    Faults faultsOf(const KnownSetting& known) const
+    Faults faultsOf(const Setting& known) const
     {
         const SettingRule& rule = known.rule;
         const SettingValue* value = find(known.group, known.key);
@@ -81,7 +81,7 @@ public:
     }
 
 private:
-    Faults faultsOf(const KnownSetting& known, const std::string& text) const
+    Faults faultsOf(const Setting& known, const std::string& text) const
     {
         if (isBlank(text))
             return isRead(known) && !known.rule.mayBeEmpty ? Faults{"is empty"} : Faults{};
@@ -92,7 +92,7 @@ private:
         return {};
     }
 
-    Faults childFaults(const KnownSetting& list) const
+    Faults childFaults(const Setting& list) const
     {
         const std::string menu = list.readers;
         Faults faults;
@@ -148,12 +148,12 @@ private:
     static bool isKnown(const std::string& menuKey)
     {
         const auto known = knownSettings();
-        return std::any_of(known.begin(), known.end(), [&](const KnownSetting& setting) {
+        return std::any_of(known.begin(), known.end(), [&](const Setting& setting) {
             return setting.group == GROUP_MENU && setting.key == menuKey;
         });
     }
 
-    bool isRead(const KnownSetting& known) const
+    bool isRead(const Setting& known) const
     {
         const std::vector<std::string> readers = childNames(known.readers);
         return std::any_of(readers.begin(), readers.end(),
@@ -181,7 +181,7 @@ int lint(const Tool& tool, CoreStore& store)
     const Lint lint(settings);
     Output::Table table(tool.json());
     Exit exit = Done;
-    for (const KnownSetting& known : knownSettings()) {
+    for (const Setting& known : knownSettings()) {
         for (const std::string& fault : lint.faultsOf(known)) {
             const std::string name = SettingKey::nameOf({known.group, known.key, {}});
             table.add({{"key", Output::toJson(name)}, {"fault", Output::toJson(fault)}});

@@ -12,9 +12,9 @@
 namespace {
 
 constexpr void (*commandGroups[])(Tool&) = {
-    addSettingCommands, addPackCommands,   addDeviceCommands, addChannelCommands,
-    addProfileCommands, addMenuCommand,    addLintCommand,    addOpenCommand,
-    addEventCommands,   addServiceCommand, addWatchCommand,
+    addSettingCommands, addPackCommands,  addDeviceCommands, addChannelCommands,
+    addProfileCommands, addMenuCommand,   addLintCommand,    addGuideCommand,
+    addOpenCommand,     addEventCommands, addServiceCommand, addWatchCommand,
 };
 
 // Milliseconds that a command waits for another program's write; nobody's screen stands still meanwhile.

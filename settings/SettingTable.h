@@ -1,9 +1,11 @@
 #pragma once
 
-#include "OperatorPack.h"
+#include "SettingValue.h"
 
 #include <span>
 #include <vector>
+
+// Every setting that the menu reads, declared once: from here lint and the operator's guide are fed.
 
 // What a setting may hold.
 struct SettingRule
@@ -17,17 +19,26 @@ struct SettingRule
     Content content = Content::Any;
 };
 
-// A setting that the menu reads.
-struct KnownSetting
+struct Setting
 {
     int group;
     const char* key;
     const SettingRule& rule;
     const char* readers; // names of the entries that read it, separated as in a child list
+    const char* meaning; // for the operator, in Markdown
+};
+
+// Settings that belong together, under one heading of the guide.
+struct SettingSection
+{
+    const char* title;
+    std::span<const Setting> settings;
 };
 
 // Stands among the readers for the pop-ups of a refresh by hand, which the details page may offer.
 inline constexpr char manualRefreshReader[] = "manual refresh";
 
 // All of them, the root's first.
-std::span<const KnownSetting> knownSettings();
+std::span<const SettingSection> settingTable();
+// The same without the headings.
+const std::vector<Setting>& knownSettings();
