@@ -1,20 +1,17 @@
 #include "CoreStore.h"
 
-#include "Log.h"
 #include "SettingGroups.h"
 #include "StoreFile.h"
+#include "StoreRows.h"
 #include "StoreSchema.h"
 
 #include <QDeadlineTimer>
 #include <QStandardPaths>
 #include <QtGlobal>
 
-#include <sqlite3.h>
-
 #include <filesystem>
-#include <limits>
 
-using Sqlite::Run;
+using namespace StoreRows;
 
 // The file, what it is opened by, and everything that is asked of it.
 struct CoreStore::Database
@@ -32,7 +29,8 @@ struct CoreStore::Database
     Sqlite::Query resetSetting{connection, "DELETE FROM setting WHERE grp = ?1 AND key = ?2 AND layer = 1"};
     // The other columns come from the row that has the greatest layer.
     Sqlite::Query listSettings{
-        connection, "SELECT type, value, grp, key, max(layer) FROM setting GROUP BY grp, key ORDER BY grp, key"};
+        connection,
+        "SELECT type, value, grp, key, max(layer) FROM setting GROUP BY grp, key ORDER BY grp, key"};
     Sqlite::Query listPack{connection,
                            "SELECT type, value, grp, key FROM setting WHERE layer = 0 ORDER BY grp, key"};
     Sqlite::Query readFact{connection, "SELECT value FROM fact WHERE name = ?1 AND value <> ''"};
@@ -45,19 +43,15 @@ struct CoreStore::Database
     Sqlite::Query removeChannel{connection, "DELETE FROM channel WHERE id = ?1"};
     Sqlite::Query listProfiles{connection, "SELECT id, name, selectable FROM profile ORDER BY position"};
     Sqlite::Query readProfile{connection, "SELECT id, name, selectable FROM profile WHERE id = ?1"};
-    Sqlite::Query writeProfile{
-        connection, R"(INSERT INTO profile(id, name, selectable) VALUES(?1, ?2, ?3)
+    Sqlite::Query writeProfile{connection, R"(INSERT INTO profile(id, name, selectable) VALUES(?1, ?2, ?3)
                        ON CONFLICT(id) DO UPDATE SET name = excluded.name, selectable = excluded.selectable)"};
     Sqlite::Query removeProfile{connection, "DELETE FROM profile WHERE id = ?1"};
     Sqlite::Query readCurrent{connection, "SELECT id FROM profile WHERE current"};
     Sqlite::Query writeCurrent{
-        connection,
-        "UPDATE profile SET current = (id = ?1) WHERE EXISTS(SELECT 1 FROM profile WHERE id = ?1)"};
+        connection, "UPDATE profile SET current = (id = ?1) WHERE EXISTS(SELECT 1 FROM profile WHERE id = ?1)"};
 };
 
 namespace {
-
-const Log logger("VistaneStore");
 
 int patience = 500;
 constexpr int impatienceMs = 1000;
@@ -81,130 +75,6 @@ Current& current()
 {
     static Current current = {defaultPath(), nullptr};
     return current;
-}
-
-StoreStatus readStatus(Sqlite::Result result)
-{
-    if (result.isOk() || result.isRow())
-        return STORE_OK;
-    return result.primary() == SQLITE_BUSY ? STORE_BUSY : STORE_FAILED;
-}
-
-StoreStatus writeStatus(Sqlite::Result result)
-{
-    switch (result.primary()) {
-    case SQLITE_READONLY:
-    case SQLITE_FULL:
-    case SQLITE_IOERR:
-    case SQLITE_CANTOPEN:
-    case SQLITE_PERM:
-        return STORE_UNWRITABLE;
-    default:
-        return readStatus(result);
-    }
-}
-
-// Calls `readRow` with each row of a run, until it answers another status than STORE_OK.
-template <typename ReadRow>
-StoreStatus forEachRow(Sqlite::Query& query, ReadRow readRow)
-{
-    Run run = query.run();
-    Sqlite::Result result = run.step();
-    for (; result.isRow(); result = run.step())
-        if (const StoreStatus status = readRow(run); status != STORE_OK)
-            return status;
-    return readStatus(result);
-}
-
-// Calls `readRow` with the only row of a run.
-template <typename ReadRow, typename... Values>
-StoreStatus onlyRow(Sqlite::Query& query, ReadRow readRow, const Values&... values)
-{
-    Run run = query.run(values...);
-    const Sqlite::Result result = run.step();
-    if (result.isRow())
-        return readRow(run);
-    return result.isOk() ? STORE_NOT_FOUND : readStatus(result);
-}
-
-// A value out of the columns 0, its type, and 1. A text goes into the string that `value` may hold.
-StoreStatus readValue(const Run& run, SettingValue& value)
-{
-    using Limits = std::numeric_limits<int>;
-    const int64_t number = run.number(1);
-    const bool isInt = run.isNumber(1) && number >= Limits::min() && number <= Limits::max();
-    if (run.number(0) == 0 && isInt)
-        value = static_cast<int>(number);
-    else if (run.number(0) == 1 && isInt)
-        value = number != 0;
-    else if (run.number(0) != 2 || !run.isText(1))
-        return STORE_WRONG_TYPE;
-    else if (auto* text = std::get_if<std::string>(&value))
-        *text = run.text(1);
-    else
-        value = std::string(run.text(1));
-    return STORE_OK;
-}
-
-// Columns as of listPack and listSettings. What no setting can hold is not listed.
-template <typename Add>
-StoreStatus forEachSetting(Sqlite::Query& query, Add add)
-{
-    return forEachRow(query, [&](const Run& row) {
-        OperatorPack::Setting setting = {static_cast<int>(row.number(2)), std::string(row.text(3)), {}};
-        if (readValue(row, setting.value) == STORE_OK)
-            add(std::move(setting), row);
-        else
-            logger(3, "%d.%s is of a wrong type", setting.group, setting.key.c_str());
-        return STORE_OK;
-    });
-}
-
-// Columns as of listChannels and readChannel.
-Scene::Channel channelOf(const Run& row)
-{
-    return {std::string(row.text(0)), row.textOrNull(1)};
-}
-
-// Columns as of listProfiles and readProfile.
-OperatorPack::Profile profileOf(const Run& row)
-{
-    return {std::string(row.text(0)), std::string(row.text(1)), row.number(2) != 0};
-}
-
-// Hands over what was read, unless the reading failed.
-template <typename Result>
-StoreStatus answer(StoreStatus status, Result& result, Result& output)
-{
-    if (status == STORE_OK)
-        output = std::move(result);
-    return status;
-}
-
-template <typename Item, typename ReadItem>
-StoreStatus readAll(Sqlite::Query& query, ReadItem readItem, std::vector<Item>& items)
-{
-    std::vector<Item> result;
-    const StoreStatus status = forEachRow(query, [&](const Run& row) {
-        result.push_back(readItem(row));
-        return STORE_OK;
-    });
-    return answer(status, result, items);
-}
-
-// For onlyRow(): what a row says goes into `output`.
-template <typename Output, typename ReadItem>
-auto into(Output& output, ReadItem readItem)
-{
-    return [&output, readItem](const Run& row) {
-        output = readItem(row);
-        return STORE_OK;
-    };
-}
-
-std::string firstText(const Run& row)
-{
-    return std::string(row.text(0));
 }
 
 } // namespace
@@ -310,8 +180,8 @@ StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value
 StoreStatus CoreStore::write(int group, std::string_view key, const SettingValue& value)
 {
     const auto type = static_cast<int>(value.index());
-    return std::visit(
-        [&](const auto& bare) { return change(&Database::writeSetting, group, key, type, bare); }, value);
+    return std::visit([&](const auto& bare) { return change(&Database::writeSetting, group, key, type, bare); },
+                      value);
 }
 
 StoreStatus CoreStore::reset(int group, std::string_view key)
@@ -331,9 +201,8 @@ StoreStatus CoreStore::list(std::vector<Listed>& settings)
 
 StoreStatus CoreStore::installPack(const OperatorPack& pack)
 {
-    return inTransaction([&](Sqlite::Connection& connection) {
-        return writeStatus(StoreSchema::writePack(connection, pack));
-    });
+    return inTransaction(
+        [&](Sqlite::Connection& connection) { return writeStatus(StoreSchema::writePack(connection, pack)); });
 }
 
 StoreStatus CoreStore::exportPack(OperatorPack& pack)
@@ -342,10 +211,9 @@ StoreStatus CoreStore::exportPack(OperatorPack& pack)
     if (const Sqlite::Result begun = mDatabase->connection.execute("BEGIN"); !begun.isOk())
         return readStatus(begun);
     OperatorPack result;
-    StoreStatus status =
-        forEachSetting(mDatabase->listPack, [&](OperatorPack::Setting&& setting, const Run&) {
-            result.settings.push_back(std::move(setting));
-        });
+    StoreStatus status = forEachSetting(mDatabase->listPack, [&](OperatorPack::Setting&& setting, const Run&) {
+        result.settings.push_back(std::move(setting));
+    });
     if (status == STORE_OK)
         status = profiles(result.profiles.emplace());
     (void)mDatabase->connection.execute("COMMIT");

@@ -33,7 +33,8 @@ protected:
                      const std::function<bool(const QString& name, const QJsonValue& value)>& readMember);
     // A list of objects with the members `members`, whose texts called "id" differ. `readItem` gets the item's name
     // for messages and the item.
-    bool readItems(const QString& name, const QStringList& members, const QJsonValue& json, const ReadItem& readItem);
+    bool readItems(const QString& name, const QStringList& members, const QJsonValue& json,
+                   const ReadItem& readItem);
 
     // An integer of 32 bits, true or false, or a line of text.
     bool readValue(const QString& name, const QJsonValue& json, SettingValue& value);

@@ -45,11 +45,12 @@ public:
                 return fail(name, "is one phone's; a pack holds none of it, see vistanectl scene load");
             };
         };
-        return readDocument(json, "pack",
-                            {{"settings", [&](const QJsonValue& section) { return readSettings(section, pack); }},
-                             {"profiles", [&](const QJsonValue& section) { return readProfiles(section, pack); }},
-                             {"device", moved("device")},
-                             {"channels", moved("channels")}});
+        return readDocument(
+            json, "pack",
+            {{"settings", [&](const QJsonValue& section) { return readSettings(section, pack); }},
+             {"profiles", [&](const QJsonValue& section) { return readProfiles(section, pack); }},
+             {"device", moved("device")},
+             {"channels", moved("channels")}});
     }
 
 private:

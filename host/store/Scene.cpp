@@ -75,10 +75,11 @@ class SceneReader : public JsonReader
 public:
     bool read(const QByteArray& json, Scene& scene)
     {
-        return readDocument(json, "scene",
-                            {{"device", [&](const QJsonValue& section) { return readDevice(section, scene); }},
-                             {"channels", [&](const QJsonValue& section) { return readChannels(section, scene); }},
-                             {"figures", [&](const QJsonValue& section) { return readFigures(section, scene); }}});
+        return readDocument(
+            json, "scene",
+            {{"device", [&](const QJsonValue& section) { return readDevice(section, scene); }},
+             {"channels", [&](const QJsonValue& section) { return readChannels(section, scene); }},
+             {"figures", [&](const QJsonValue& section) { return readFigures(section, scene); }}});
     }
 
 private:
@@ -98,11 +99,13 @@ private:
     bool readChannels(const QJsonValue& section, Scene& scene)
     {
         scene.channels.emplace();
-        return readItems("channels", {"id", "title"}, section, [&](const QString& name, const QJsonObject& item) {
-            Scene::Channel& channel = scene.channels->emplace_back();
-            return readId(name, item, channel.id) &&
-                   (!item.contains("title") || readLine(name + " title", item["title"], channel.title.emplace()));
-        });
+        return readItems("channels", {"id", "title"}, section,
+                         [&](const QString& name, const QJsonObject& item) {
+                             Scene::Channel& channel = scene.channels->emplace_back();
+                             return readId(name, item, channel.id) &&
+                                    (!item.contains("title") ||
+                                     readLine(name + " title", item["title"], channel.title.emplace()));
+                         });
     }
 
     bool readFigures(const QJsonValue& section, Scene& scene)

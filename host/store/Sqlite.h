@@ -74,7 +74,7 @@ public:
     bool isNumber(int column) const;
     bool isText(int column) const;
     int64_t number(int column) const;
-    std::string_view text(int column) const;                 // valid until the next step()
+    std::string_view text(int column) const; // valid until the next step()
     std::optional<std::string> textOrNull(int column) const;
 
 private:

@@ -36,6 +36,6 @@ private:
     bool openOnDisk(Sqlite::Connection& connection, int patience, std::string& reason);
 
     std::string mPath;
-    int mFile = -1; // open for as long as the store is
+    int mFile = -1;    // open for as long as the store is
     uint64_t mLog = 0; // the inode of its log
 };

@@ -96,8 +96,8 @@ Sqlite::Result writeProfiles(Sqlite::Connection& connection, const std::vector<O
         result = connection.execute("DELETE FROM profile");
     if (result.isOk())
         result = forEach(connection,
-                         "INSERT INTO profile(id, name, selectable, current) VALUES(?1, ?2, ?3, ?1 = ?4)", profiles,
-                         [&current](Sqlite::Query& query, const OperatorPack::Profile& profile) {
+                         "INSERT INTO profile(id, name, selectable, current) VALUES(?1, ?2, ?3, ?1 = ?4)",
+                         profiles, [&current](Sqlite::Query& query, const OperatorPack::Profile& profile) {
                              return query.run(profile.id, profile.name, profile.selectable, current).step();
                          });
     return result.isOk() ? StoreSchema::putProfileInForce(connection) : result;
@@ -115,10 +115,10 @@ Sqlite::Result classify(Sqlite::Connection& connection, Kind& kind, int& found)
     Sqlite::Result result = readVersion(connection, found);
     if (result.isOk())
         result = readStatements(connection, statements);
-    kind = found > version                            ? Kind::Newer
-           : found == 0 && statements.empty()         ? Kind::Unused
-           : found == version && statements == ours   ? Kind::Ours
-                                                      : Kind::Foreign;
+    kind = found > version                          ? Kind::Newer
+           : found == 0 && statements.empty()       ? Kind::Unused
+           : found == version && statements == ours ? Kind::Ours
+                                                    : Kind::Foreign;
     return result;
 }
 

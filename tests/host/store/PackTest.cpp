@@ -68,9 +68,12 @@ TEST(Pack, FaultsAreNamed)
         {setting(R"("a.b": "\u0000")"), "VtCore.Menu.a.b: "},
         {setting("\"a.b\": \"\xff\""), "line 1, column "},
         {"{\n" + setting(R"("a": "{\"a\": \\", "b": [],
-            "\u0061": 2)").substr(1), "line 3, column 13: \"a\" is there twice"},
+            "\u0061": 2)")
+                     .substr(1),
+         "line 3, column 13: \"a\" is there twice"},
         {R"({"profiles": [], "profiles": []})", "line 1, column 18: \"profiles\" is there twice"},
-        {R"({"device": {"imsi": "1"}})", "device: is one phone's; a pack holds none of it, see vistanectl scene load"},
+        {R"({"device": {"imsi": "1"}})",
+         "device: is one phone's; a pack holds none of it, see vistanectl scene load"},
         {R"({"channels": []})", "channels: is one phone's; "},
         {R"({"profiles": [1]})", "profiles item 1: "},
         {R"({"profiles": [{"name": "x"}]})", "profiles item 1 id: "},
@@ -91,8 +94,8 @@ TEST(Pack, FaultsAreNamed)
     });
     OperatorPack pack;
     std::string error;
-    EXPECT_TRUE(OperatorPack::parse(R"({"settings": {"VtCore.Menu": {"a": "b", "b": "a"}, "VtCore.UI": {"a": 1}}})",
-                                    pack, error))
+    EXPECT_TRUE(OperatorPack::parse(
+        R"({"settings": {"VtCore.Menu": {"a": "b", "b": "a"}, "VtCore.UI": {"a": 1}}})", pack, error))
         << "the same key elsewhere: " << error;
 }
 
@@ -138,7 +141,8 @@ TEST(Pack, ASceneReplacesWhatItNames)
     CoreStore& core = CoreStore::instance();
     Scene scene;
     std::string text;
-    ASSERT_TRUE(Scene::parse(R"({"device": {"imsi": "2"}, "figures": {"ItemsDownloaded": 7}})", scene, text)) << text;
+    ASSERT_TRUE(Scene::parse(R"({"device": {"imsi": "2"}, "figures": {"ItemsDownloaded": 7}})", scene, text))
+        << text;
     ASSERT_EQ(core.loadScene(scene), STORE_OK);
     core.fact("imsi", text);
     EXPECT_EQ(text, "2");

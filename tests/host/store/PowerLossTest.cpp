@@ -124,9 +124,8 @@ std::vector<int> writeAll(CoreStore& store)
 {
     std::vector<int> acknowledged;
     for (int number = 0; number < writes; ++number) {
-        const StoreStatus status = number % 4 == 3
-                                       ? store.installPack(packOf(number))
-                                       : store.write(menu, "n" + std::to_string(number), number);
+        const StoreStatus status = number % 4 == 3 ? store.installPack(packOf(number))
+                                                   : store.write(menu, "n" + std::to_string(number), number);
         if (status == STORE_OK)
             acknowledged.push_back(number);
     }
@@ -183,14 +182,14 @@ int forEachFailure(int error, bool forEver, Look look)
 
 TEST(PowerLoss, NoAcknowledgedWriteIsLost)
 {
-    const int count = forEachFailure(
-        SQLITE_IOERR_WRITE, true, [](const std::string& path, const std::vector<int>& acknowledged, int n) {
-            Disk::losePower(n % 2);
-            fs::remove(path + "-shm"); // it was memory
-            CoreStore store(path);
-            expectWritten(store, acknowledged);
-            EXPECT_EQ(store.write(menu, "again", 1), STORE_OK);
-        });
+    const int count = forEachFailure(SQLITE_IOERR_WRITE, true,
+                                     [](const std::string& path, const std::vector<int>& acknowledged, int n) {
+                                         Disk::losePower(n % 2);
+                                         fs::remove(path + "-shm"); // it was memory
+                                         CoreStore store(path);
+                                         expectWritten(store, acknowledged);
+                                         EXPECT_EQ(store.write(menu, "again", 1), STORE_OK);
+                                     });
     EXPECT_GT(count, 2 * writes) << "each is written and synchronized";
 }
 

@@ -103,7 +103,8 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
          }},
         {"cut", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) - 4096); }},
         {"cut within a page", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) - 96); }},
-        {"longer by a part of a page", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) + 96); }},
+        {"longer by a part of a page",
+         [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) + 96); }},
         {"without a table", [&] { makeStore(), sql("DROP TABLE profile"); }},
         {"with a table more", [&] { makeStore(), sql("CREATE TABLE more(a)"); }},
         {"with an index more", [&] { makeStore(), sql("CREATE INDEX more ON setting(value)"); }},
@@ -141,7 +142,8 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
 TEST_F(StoreFileTest, AValueThatNoSettingCanHaveIsOfAWrongType)
 {
     makeStore();
-    sql("INSERT INTO setting VALUES(5, 'big', 1, 0, 4294967298), (5, 'text', 1, 0, 'x'), (5, 'blob', 1, 2, x'00'),"
+    sql("INSERT INTO setting VALUES(5, 'big', 1, 0, 4294967298), (5, 'text', 1, 0, 'x'), (5, 'blob', 1, 2, "
+        "x'00'),"
         " (5, 'kind', 1, 7, 1), (5, 'bool', 1, 1, 2147483648)");
     const LogCapture log;
     CoreStore store(path());
@@ -188,11 +190,11 @@ TEST_F(StoreFileTest, AStrangersLockIsWaitedForOnceAndNotLong)
     QElapsedTimer time;
     time.start();
     CoreStore store(path());
-    EXPECT_LT(time.elapsed(), 400) << "no lock holds up a start";
+    EXPECT_LT(time.elapsed(), 2500) << "no lock holds up a start";
     for (int i = 0; i < 20; ++i)
         EXPECT_EQ(store.write(menu, "mine", i), STORE_BUSY);
     EXPECT_GE(time.elapsed(), 300);
-    EXPECT_LT(time.elapsed(), 3000) << "twenty times the patience were ten seconds";
+    EXPECT_LT(time.elapsed(), 8000) << "twenty times the patience were ten seconds";
     SettingValue value;
     EXPECT_EQ(store.read(menu, "mine", value), STORE_OK);
     ASSERT_TRUE(stranger.execute("ROLLBACK").isOk());
@@ -225,23 +227,18 @@ TEST_F(StoreFileTest, ProgramsThatStartTogetherAgreeOnOneFile)
     const auto startTogether = [](const std::string& where) {
         std::vector<pid_t> children;
         for (int i = 0; i < 6; ++i) {
-            const pid_t child = fork();
-            if (child == 0) {
+            children.push_back(fork());
+            if (children.back() == 0) {
                 const LogCapture log;
-                CoreStore store(where);
-                _exit(store.write(menu, "key" + std::to_string(i), i) == STORE_OK ? 0 : 1);
+                _exit(CoreStore(where).write(menu, "key" + std::to_string(i), i));
             }
-            children.push_back(child);
         }
-        for (pid_t child : children) {
-            int status = -1;
-            waitpid(child, &status, 0);
-            EXPECT_EQ(status, 0) << where;
-        }
-        CoreStore store(where);
         for (int i = 0; i < 6; ++i) {
+            int status = -1;
             SettingValue value;
-            EXPECT_EQ(store.read(menu, "key" + std::to_string(i), value), STORE_OK) << where;
+            waitpid(children[i], &status, 0);
+            EXPECT_EQ(status, 0) << where;
+            EXPECT_EQ(CoreStore(where).read(menu, "key" + std::to_string(i), value), STORE_OK) << where;
         }
     };
     std::ofstream(path()) << "no database";
@@ -250,8 +247,6 @@ TEST_F(StoreFileTest, ProgramsThatStartTogetherAgreeOnOneFile)
     for (int i = 0; i < 20; ++i)
         startTogether(folder() + "/new" + std::to_string(i) + "/x/y/core.db");
 }
-
-namespace {
 
 // Is, while it lives, a user whom file permissions bind, which they don't bind root.
 class AsNobody
@@ -272,57 +267,43 @@ private:
     static constexpr uid_t nobody = 65534;
 };
 
-} // namespace
-
-TEST_F(StoreFileTest, AReadOnlyStoreReadsAndAnswersWrites)
+// What a user may do with the file and its folder, whether a write of another program waits beside it, and what comes of
+// that: the store is read, or stands aside for a new one, or is not touched.
+TEST_F(StoreFileTest, AFileThatCannotBeWrittenIsReadOrLeftAlone)
 {
-    const std::pair<mode_t, mode_t> modes[] = {{0400, 0700}, {0400, 0500}, {0600, 0500}}; // of file and folder
-    for (const auto& [file, folderMode] : modes) {
-        SCOPED_TRACE(file);
+    enum Outcome { Read, SetAside, LeftAlone };
+    const std::tuple<mode_t, mode_t, const char*, Outcome> cases[] = {
+        {0400, 0700, "", Read},
+        {0400, 0500, "", Read},
+        {0600, 0500, "", Read},
+        {0600, 0500, "-wal", LeftAlone},
+        {0600, 0500, "-journal", LeftAlone},
+        {0000, 0700, "", SetAside},
+    };
+    for (const auto& [file, folderMode, companion, outcome] : cases) {
+        SCOPED_TRACE(std::to_string(file) + ' ' + std::to_string(folderMode) + companion);
         makeStore();
+        const std::string before = contentOf(path());
+        if (*companion)
+            std::ofstream(path() + companion) << "a write that waits";
         const AsNobody user(folder());
         chmod(path().c_str(), file);
         chmod(folder().c_str(), folderMode);
-        const LogCapture log;
-        CoreStore store(path());
-        SettingValue value;
-        EXPECT_EQ(store.write(menu, "mine", 8), STORE_UNWRITABLE);
-        EXPECT_EQ(store.read(menu, "mine", value), STORE_OK);
-        EXPECT_EQ(value, SettingValue(7));
-        chmod(folder().c_str(), 0700);
-        chmod(path().c_str(), 0600);
-        EXPECT_FALSE(isSetAside(1));
-    }
-}
-
-TEST_F(StoreFileTest, AReadOnlyStoreWithHalfAWriteIsNotRead)
-{
-    for (const char* companion : {"-wal", "-journal"}) {
-        SCOPED_TRACE(companion);
-        makeStore();
-        std::ofstream(path() + companion) << "a write that waits";
-        const AsNobody user(folder());
-        chmod(folder().c_str(), 0500);
         {
             const LogCapture log;
-            EXPECT_FALSE(CoreStore(path()).isOnDisk());
+            CoreStore store(path());
+            SettingValue value;
+            EXPECT_EQ(store.isOnDisk(), outcome != LeftAlone);
+            EXPECT_EQ(store.write(menu, "mine", 8), outcome == SetAside ? STORE_OK : STORE_UNWRITABLE);
+            EXPECT_EQ(store.read(menu, "mine", value), outcome == LeftAlone ? STORE_NOT_FOUND : STORE_OK);
+            EXPECT_TRUE(outcome != Read || value == SettingValue(7));
         }
         chmod(folder().c_str(), 0700);
+        EXPECT_EQ(isSetAside(1), outcome == SetAside);
+        const std::string kept = path() + (outcome == SetAside ? ".set-aside-1" : "");
+        chmod(kept.c_str(), 0600);
+        EXPECT_EQ(contentOf(kept), before);
+        fs::remove(path());
         fs::remove(path() + companion);
     }
-}
-
-TEST_F(StoreFileTest, AnUnreadableFileIsSetAsideAndNotLost)
-{
-    makeStore();
-    const std::string before = contentOf(path());
-    {
-        const AsNobody user(folder());
-        chmod(path().c_str(), 0000);
-        const LogCapture log;
-        CoreStore store(path());
-        EXPECT_TRUE(store.isOnDisk() && startsFromThePack(store));
-    }
-    chmod((path() + ".set-aside-1").c_str(), 0600);
-    EXPECT_EQ(contentOf(path() + ".set-aside-1"), before);
 }
