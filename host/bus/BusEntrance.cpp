@@ -36,10 +36,9 @@ bool isSmall(const QVariant& argument)
     if (argument.userType() != qMetaTypeId<HostBus::Texts>())
         return true;
     const auto texts = argument.value<HostBus::Texts>();
-    return texts.size() <= HostBus::mostElements &&
-           std::all_of(texts.keyBegin(), texts.keyEnd(), fits) && std::all_of(texts.begin(), texts.end(), fits);
+    return texts.size() <= HostBus::mostElements && std::all_of(texts.keyBegin(), texts.keyEnd(), fits) &&
+           std::all_of(texts.begin(), texts.end(), fits);
 }
-
 
 } // namespace
 
@@ -77,7 +76,7 @@ void BusWatch::reportLoss()
 void BusWatch::changeOwner(const QDBusMessage& message)
 {
     const QVariantList arguments = message.arguments();
-    if (message.service() == QLatin1String("org.freedesktop.DBus") && message.signature() == QLatin1String("sss") &&
-        arguments[0] == BusSignals::service)
+    if (message.service() == QLatin1String("org.freedesktop.DBus") &&
+        message.signature() == QLatin1String("sss") && arguments[0] == BusSignals::service)
         mServiceOwner = arguments[2].toString();
 }

@@ -16,7 +16,10 @@ public:
 
     BusEntrance(const QString& signature, HostBus::Receiver receive, HostBus::RefusedReceiver refused,
                 MayBeService mayBeService, QObject* parent)
-        : QObject(parent), mSignature(signature), mReceive(std::move(receive)), mRefused(std::move(refused)),
+        : QObject(parent),
+          mSignature(signature),
+          mReceive(std::move(receive)),
+          mRefused(std::move(refused)),
           mMayBeService(mayBeService)
     {
     }

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-// Whether the session bus at `address`, as in DBUS_SESSION_BUS_ADDRESS, can be used within `milliseconds`: it takes a
-// connection and answers the greeting of a client. True also for an address of which that can't be said: one that is
-// not a socket of this machine.
-bool isBusAnswering(const QByteArray& address, int milliseconds);
+// Whether nobody who asks for the session bus at `addresses`, as in DBUS_SESSION_BUS_ADDRESS, has to wait for longer than
+// `milliseconds`: the first socket of this machine that takes a connection answers the greeting of a client, or none of
+// them takes one. Of an address of another kind that can't be said, and it counts as one that refuses.
+bool isBusAnswering(const QByteArray& addresses, int milliseconds);

@@ -17,8 +17,8 @@ namespace BusSignals {
 inline const BusSignal event = {QStringLiteral("/Vistane/Events"), QStringLiteral("org.vistane.Core1"),
                                 QStringLiteral("Event"), QStringLiteral("sia{ss}bsi")};
 // A channel's message: its text and its data, at the path that is the channel's name.
-inline const BusSignal channel = {{}, QStringLiteral("org.vistane.QCop1"), QStringLiteral("Received"),
-                                  QStringLiteral("say")};
+inline const BusSignal channel = {
+    {}, QStringLiteral("org.vistane.QCop1"), QStringLiteral("Received"), QStringLiteral("say")};
 // A request to other applications: operation, arguments as text.
 inline const BusSignal request = {QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
                                   QStringLiteral("Request"), QStringLiteral("sas")};

@@ -14,6 +14,7 @@ namespace {
 const Log logger("HostBus");
 
 constexpr int patience = 2000; // milliseconds that the bus may take to answer
+bool isSilent = false;         // there is one, but it does not answer
 constexpr char addressVariable[] = "DBUS_SESSION_BUS_ADDRESS";
 
 bool connectLoss(QDBusConnection& connection, QObject* receiver, const char* slot)
@@ -31,8 +32,8 @@ BusWatch& watch()
 
 QDBusMessage callToBus(const QString& interface, const QString& method, const QVariantList& arguments)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                                       QStringLiteral("/org/freedesktop/DBus"), interface, method);
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"), interface, method);
     call.setArguments(arguments);
     return call;
 }
@@ -41,8 +42,8 @@ QDBusMessage callToBus(const QString& interface, const QString& method, const QV
 void followServiceName(QDBusConnection& session)
 {
     const QString interface = QStringLiteral("org.freedesktop.DBus");
-    session.connect(interface, QString(), interface, QStringLiteral("NameOwnerChanged"),
-                    {BusSignals::service}, QString(), &watch(), SLOT(changeOwner(QDBusMessage)));
+    session.connect(interface, QString(), interface, QStringLiteral("NameOwnerChanged"), {BusSignals::service},
+                    QString(), &watch(), SLOT(changeOwner(QDBusMessage)));
     const QDBusMessage answer = session.call(
         callToBus(interface, QStringLiteral("GetNameOwner"), {BusSignals::service}), QDBus::Block, patience);
     watch().setOwnName(session.baseService());
@@ -60,7 +61,8 @@ QDBusConnection& bus()
         QDBusConnection session =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("vistane"));
         if (!session.isConnected()) {
-            logger(3, "no session bus: %s", qUtf8Printable(session.lastError().message()));
+            logger(3, "no session bus: %s",
+                   isSilent ? "it does not answer" : qUtf8Printable(session.lastError().message()));
             return session;
         }
         connectLoss(session, &watch(), SLOT(reportLoss()));
@@ -79,10 +81,10 @@ void avoidSilentBus()
     QByteArray address = qgetenv(addressVariable);
     if (address.isEmpty() && qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
         address = "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus";
-    if (isBusAnswering(address, patience))
+    isSilent = isSilent || !isBusAnswering(address, patience);
+    if (!isSilent)
         return;
-    logger(3, "the session bus does not answer");
-    qputenv(addressVariable, "unix:path=/the bus does not answer");
+    qputenv(addressVariable, "unix:path=/nonexistent");
 }
 
 bool isConnected()
@@ -119,7 +121,11 @@ void deliverPending(QObject* context)
 
 bool ownServiceName()
 {
-    return isConnected() && bus().registerService(BusSignals::service);
+    constexpr uint doNotQueue = 4;
+    constexpr int owner = 1;
+    const QDBusMessage request = callToBus(QStringLiteral("org.freedesktop.DBus"),
+                                           QStringLiteral("RequestName"), {BusSignals::service, doNotQueue});
+    return isConnected() && bus().call(request, QDBus::Block, patience).arguments().value(0).toInt() == owner;
 }
 
 bool onLost(QObject* receiver, const char* slot)

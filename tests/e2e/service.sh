@@ -83,6 +83,8 @@ refuses() {
     same "$status" "$1"
     [ -s "$phone_dir/error" ] || fail "$*: nothing said"
 }
+refuses 1 # one runs already
+phone_service_end TERM
 refuses 2 --outcome never
 refuses 2 --outcome 0
 refuses 2 --step-ms -1

@@ -1,8 +1,13 @@
 #include "HostBus.h"
+#include "NR_Constants.h"
 #include "QCopChannel.h"
+#include "SettingHelper.h"
+#include "StandInService.h"
+#include "Vt_Event.h"
 #include "Vistanectl.h"
 
 #include <QProcess>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -77,6 +82,17 @@ TEST(Bus, WithoutABusTheSendersSaySo)
         EXPECT_EQ(result.out, "");
         EXPECT_NE(result.err.find("no session bus"), std::string::npos) << result.err;
     }
+}
+
+TEST(Bus, TheStandInsTimeStopsWhereTheStoresNumbersEnd)
+{
+    const TestStore store;
+    StandInService::Plan plan = {.stepMs = 0, .clock = [] { return std::time_t(4'000'000'000); }};
+    StandInService service(plan, [](const std::string&, const std::string&) {});
+    QSignalSpy over(&service, &StandInService::runOver);
+    service.handleEvent(Vt_Event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH));
+    EXPECT_TRUE(over.wait(60'000));
+    EXPECT_EQ(getIntSetting(GROUP_DCD, "RuntimeValues.LastUpdateTime"), 2147483647);
 }
 
 TEST(Bus, WatchingEndsWithTheBus)
