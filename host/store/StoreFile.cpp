@@ -135,25 +135,25 @@ Attempt lookAt(const std::string& path, int file)
     return status.st_size % (pageSize > 1 ? pageSize : 65536) == 0 ? usable : damaged;
 }
 
-Sqlite::Result connect(Sqlite::Connection& connection, const std::string& file, int flags, int patience)
+Sqlite::Result connect(Sqlite::Connection& connection, const std::string& file, int flags, int patience,
+                       StoreSchema::Found& found)
 {
     const Sqlite::Result result = connection.open(file, flags);
     if (!result.isOk())
         return result;
     connection.setPatience(patience);
-    StoreSchema::Kind kind;
-    int version = 0;
     const Sqlite::Result synchronous = connection.execute("PRAGMA synchronous = FULL");
-    return synchronous.isOk() ? StoreSchema::classify(connection, kind, version) : synchronous;
+    return synchronous.isOk() ? StoreSchema::classify(connection, found) : synchronous;
 }
 
 // Without the right to write beside it, not even the file's own shared memory can be set up. Read as it stands,
 // the file is whole only when no write waits beside it.
-Sqlite::Result connectUnwritable(Sqlite::Connection& connection, const std::string& path, int patience)
+Sqlite::Result connectUnwritable(Sqlite::Connection& connection, const std::string& path, int patience,
+                                 StoreSchema::Found& found)
 {
     const QUrl link = QUrl::fromLocalFile(QString::fromStdString(path));
     return connect(connection, link.toEncoded().toStdString() + "?immutable=1",
-                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, patience);
+                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, patience, found);
 }
 
 Attempt checkContent(Sqlite::Connection& connection)
@@ -166,20 +166,16 @@ Attempt checkContent(Sqlite::Connection& connection)
     return run.text(0) == "ok" ? usable : damaged;
 }
 
-Attempt fillOrCheck(Sqlite::Connection& connection)
+Attempt fillOrCheck(Sqlite::Connection& connection, const StoreSchema::Found& found)
 {
-    StoreSchema::Kind kind;
-    int version = 0;
-    if (const Sqlite::Result result = StoreSchema::classify(connection, kind, version); !result.isOk())
-        return attemptOf(result);
-    switch (kind) {
-    case StoreSchema::Kind::Ours:
+    switch (found.kind) {
+    case StoreSchema::Found::Ours:
         return checkContent(connection);
-    case StoreSchema::Kind::Newer:
-        return {Attempt::Unusable, "has the newer schema " + std::to_string(version)};
-    case StoreSchema::Kind::Foreign:
+    case StoreSchema::Found::Newer:
+        return {Attempt::Unusable, "has the newer schema " + std::to_string(found.version)};
+    case StoreSchema::Found::Foreign:
         return noStore;
-    case StoreSchema::Kind::Unused:
+    case StoreSchema::Found::Unused:
         break;
     }
     // The mode stays with the file. Where it can't be had, the older journal is as safe, only slower.
@@ -189,10 +185,11 @@ Attempt fillOrCheck(Sqlite::Connection& connection)
 
 Attempt openStore(const std::string& path, Sqlite::Connection& connection, int patience)
 {
-    Sqlite::Result result = connect(connection, path, SQLITE_OPEN_READWRITE, patience);
+    StoreSchema::Found found;
+    Sqlite::Result result = connect(connection, path, SQLITE_OPEN_READWRITE, patience, found);
     if (attemptOf(result).result == Attempt::Refused && result.primary() != SQLITE_BUSY && !hasLogs(path))
-        result = connectUnwritable(connection, path, patience);
-    return result.isOk() ? fillOrCheck(connection) : attemptOf(result);
+        result = connectUnwritable(connection, path, patience, found);
+    return result.isOk() ? fillOrCheck(connection, found) : attemptOf(result);
 }
 
 bool exists(const std::string& path)

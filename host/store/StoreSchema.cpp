@@ -107,18 +107,18 @@ Sqlite::Result writeProfiles(Sqlite::Connection& connection, const std::vector<O
 
 namespace StoreSchema {
 
-Sqlite::Result classify(Sqlite::Connection& connection, Kind& kind, int& found)
+Sqlite::Result classify(Sqlite::Connection& connection, Found& found)
 {
     std::multiset<QString> ours, statements;
     for (const char* table : tables)
         ours.insert(inOneLine(table));
-    Sqlite::Result result = readVersion(connection, found);
+    Sqlite::Result result = readVersion(connection, found.version);
     if (result.isOk())
         result = readStatements(connection, statements);
-    kind = found > version                          ? Kind::Newer
-           : found == 0 && statements.empty()       ? Kind::Unused
-           : found == version && statements == ours ? Kind::Ours
-                                                    : Kind::Foreign;
+    found.kind = found.version > version                          ? Found::Newer
+                 : found.version == 0 && statements.empty()       ? Found::Unused
+                 : found.version == version && statements == ours ? Found::Ours
+                                                                  : Found::Foreign;
     return result;
 }
 

@@ -10,12 +10,15 @@ namespace StoreSchema {
 
 constexpr int version = 1;
 
-// What a file is, by its schema.
-enum class Kind { Unused, Ours, Newer, Foreign };
+// What a file is, by its schema, and the version that it carries.
+struct Found
+{
+    enum Kind { Unused, Ours, Newer, Foreign } kind = Unused;
+    int version = 0;
+};
 
-// Reads the version that a file carries and compares every table, index, view and trigger with ours. `version` is set
-// to the file's.
-Sqlite::Result classify(Sqlite::Connection& connection, Kind& kind, int& version);
+// Compares every table, index, view and trigger of a file with ours.
+Sqlite::Result classify(Sqlite::Connection& connection, Found& found);
 
 // Makes the tables, all or nothing, and fills them from `pack`; a file that another process has filled
 // meanwhile is left as it is.
