@@ -32,7 +32,11 @@ class FontsTest : public ::testing::Test
 {
 protected:
     void SetUp() override { FcConfigSetCurrent(mSystem); }
-    void TearDown() override { FcConfigDestroy(mSystem); }
+    void TearDown() override
+    {
+        FcConfigDestroy(mSystem);
+        FcFini(); // lets go of the current one, too
+    }
 
     FcConfig* mSystem = FcInitLoadConfigAndFonts();
 };
