@@ -6,61 +6,38 @@
 #include "ProfileForm.h"
 #include "SettingHelper.h"
 #include "Sqlite.h"
+#include "StatusValues.h"
+#include "Table.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <climits>
-#include <tuple>
+#include <map>
+#include <regex>
 
 namespace {
 
-// Every entry there is.
-const struct
-{
-    std::string name;
-    int kind;
-    std::string hiddenIn; // which of the modes of `modes` hide it
-    std::string greyedIn; // which of them disable it
-    bool greyedByProfile; // whether a chosen operator profile does
-    std::string watched;
-    std::string texts; // as textsOf() tells them
-} entries[] = {
-    {"SetupHeadlines", ENTRY_NODE, ".....", ".x...", false, "VtCore.System.EnabledMode",
-     "*.label,*.title,TurnoffWarning.label,TurnoffWarning.text"},
-    {"CustomHomeMode", ENTRY_FORM, ".....", ".....", true, "VtCore.Menu.ProfileSelected",
-     "*.label,*.title,*.InstructText,*.WarningLabelOff,*.WarningOffText,[],[General.OnLabel],![General."
-     "OffLabel],[]"},
-    {"AddNewChannel", ENTRY_LINK, ".x...", ".....", false, "VtCore.System.EnabledMode", "*.title"},
-    {"HowToUse", ENTRY_ACTION, ".xx..", ".....", false, "VtCore.System.EnabledMode", "*.title"},
-    {"ManageMyChannels", ENTRY_LINK, ".x...", ".....", false, "VtCore.System.EnabledMode", "*.title"},
-    {"ConfigureHeadlines", ENTRY_NODE, ".x...", ".....", false, "VtCore.System.EnabledMode",
-     "*.label,*.title,,"},
-    {"Scrolling", ENTRY_FORM, ".....", ".....", true, "VtCore.Menu.ProfileSelected",
-     "*.label,*.title,*.InstructText,,,[],[*.FastLabel],[*.MediumLabel],[*.SlowLabel],[General.OffLabel],[]"},
-    {"Download", ENTRY_FORM, ".....", ".....", true, "VtCore.Menu.ProfileSelected",
-     "*.label,*.title,*.InstructText,,,[],[*.AlwaysLabel],[*.HomeLabel],[*.NeverLabel],[]"},
-    {"Details", ENTRY_NODE, ".....", ".....", true, "VtCore.Menu.ProfileSelected", "*.label,*.title,,"},
-    {"Profile", ENTRY_FORM, ".....", ".....", true, "",
-     "*.label,*.title,Choose the profile for your headlines:,*.WarningLabel,*.WarningText,![],![Standard],"
-     "![Data saver],![DISABLE:Business],![]"},
-};
-constexpr const char* modes[] = {"ENABLED_NORMAL_MODE", "DISABLED_NORMAL_MODE", "HIDDEN_MODE", "", "disabled"};
+using namespace std::string_literals;
 
-// The links are read when the entries are made.
-struct MadeEntries : testing::Environment
-{
-    void SetUp() override
-    {
-        MenuStore store;
-        ApiProvider::instance();
-        EntryRegistry::instance();
-    }
-};
-[[maybe_unused]] const auto* const made = testing::AddGlobalTestEnvironment(new MadeEntries);
+// Every entry there is: its kind, what hides it, what greys it (a mode, by its first letter, or p, a chosen operator
+// profile), the setting it watches, and its texts as textsOf() tells them.
+const auto entries = table<6>(R"(
+SetupHeadlines|node||D|System.EnabledMode|*.label,*.title,TurnoffWarning.label,TurnoffWarning.text
+CustomHomeMode|form||p|Menu.ProfileSelected|*.label,*.title,*.InstructText,*.WarningLabelOff,*.WarningOffText,[],[General.OnLabel],![General.OffLabel],[]
+AddNewChannel|link|D||System.EnabledMode|*.title,https://headlines.example/channels/add?model=@DEVICE_MODEL@&client=@DP_CLIENT_SW_VERSION@&dpp=@DPP_VERSION@&msisdn=@MSISDN@
+HowToUse|action|DH||System.EnabledMode|*.title
+ManageMyChannels|link|D||System.EnabledMode|*.title,https://headlines.example/channels
+ConfigureHeadlines|node|D||System.EnabledMode|*.label,*.title,,
+Scrolling|form||p|Menu.ProfileSelected|*.label,*.title,*.InstructText,,,[],[*.FastLabel],[*.MediumLabel],[*.SlowLabel],[General.OffLabel],[]
+Download|form||p|Menu.ProfileSelected|*.label,*.title,*.InstructText,,,[],[*.AlwaysLabel],[*.HomeLabel],[*.NeverLabel],[]
+Details|node||p|Menu.ProfileSelected|*.label,*.title,,
+Profile|form||p||*.label,*.title,Choose the profile for your headlines:,*.WarningLabel,*.WarningText,![],![Standard],![Data saver],![DISABLE:Business],![]
+)");
+constexpr const char* kinds[] = {"action", "", "form", "node", "link"}; // by their numbers
 
 Entry* entryOf(const std::string& name)
 {
+    ApiProvider::instance();
     return EntryRegistry::instance()->find(name);
 }
 
@@ -78,127 +55,94 @@ std::string choicesOf(const FormEntry& form)
     return choices;
 }
 
-std::string textsOf(const std::string& name, int kind)
+// With "*" for the name.
+std::string textsOf(const std::string& name, const std::string& kind)
 {
-    const std::string label = entryOf(name)->label();
-    if (kind == ENTRY_NODE) {
-        const MenuNode& node = *nodeOf(name.c_str());
-        return label + ',' + node.title() + ',' + node.warningLabel() + ',' + node.warningText();
+    std::string texts = entryOf(name)->label();
+    if (kind == "link") {
+        texts += ',' + static_cast<LinkEntry*>(entryOf(name))->url();
+    } else if (kind == "node") {
+        const MenuNode& node = *nodeOf(name);
+        texts += ',' + node.title() + ',' + node.warningLabel() + ',' + node.warningText();
+    } else if (kind == "form") {
+        const FormEntry& form = *formOf(name);
+        texts += ',' + form.title() + ',' + form.instructText() + ',' + form.warningLabel() + ',';
+        texts += form.warningText() + choicesOf(form);
     }
-    if (kind != ENTRY_FORM)
-        return label;
-    const FormEntry& form = *formOf(name);
-    return label + ',' + form.title() + ',' + form.instructText() + ',' + form.warningLabel() + ',' +
-           form.warningText() + choicesOf(form);
+    return std::regex_replace(texts, std::regex("\\b" + name + "\\."), "*.");
 }
 
 TEST(Entries, AnswerFromTheirOwnKeys)
 {
-    for (const auto& e : entries) {
-        SCOPED_TRACE(e.name);
+    BusListener bus(BusSignals::event);
+    for (const auto& [group, key, value] : OperatorPack::builtIn().settings) {
+        const bool isMenu = key.ends_with(".ChildIDs");
+        for (const std::string& name : childNames(isMenu ? std::get<std::string>(value) : ""))
+            EXPECT_TRUE(std::ranges::any_of(entries, [&](const auto& e) { return e[0] == name; })) << name;
+    }
+    for (const auto& [name, kind, hides, greys, watched, texts] : entries) {
+        SCOPED_TRACE(name);
         MenuStore store(MenuStore::KEYS);
-        Entry* entry = entryOf(e.name);
+        Entry* entry = entryOf(name);
         ASSERT_NE(entry, nullptr);
-        EXPECT_EQ(EntryRegistry::instance()->kindOf(entry), e.kind);
-        EXPECT_EQ(entry->hasValue(), e.kind == ENTRY_FORM);
-        std::string texts = e.texts;
-        for (size_t star; (star = texts.find('*')) != std::string::npos;)
-            texts.replace(star, 1, e.name);
-        EXPECT_EQ(textsOf(e.name, e.kind), texts);
+        EXPECT_EQ(kinds[EntryRegistry::instance()->kindOf(entry)], kind);
+        EXPECT_EQ(entry->hasValue(), kind == "form");
+        for (const char* key : {"AddNewChannelURL", "ManageChannelURL"})
+            setStringSetting(GROUP_NEWS_READER_UI, key, "http://later.example/"); // links were read before
+        EXPECT_EQ(textsOf(name, kind), texts);
         std::set<std::string> keys;
         entry->watchedKeys(keys);
-        EXPECT_EQ(keys, e.watched.empty() ? std::set<std::string>() : std::set{e.watched});
+        EXPECT_EQ(keys, watched.empty() ? std::set<std::string>() : std::set{"VtCore." + watched});
 
-        for (size_t m = 0; m < std::size(modes); ++m) {
-            setStringSetting(GROUP_SYSTEM, "EnabledMode", modes[m]);
-            EXPECT_EQ(entry->isHidden(), e.hiddenIn[m] == 'x') << modes[m];
-            EXPECT_EQ(entry->isEnabled(), e.greyedIn[m] != 'x') << modes[m];
-        }
+        // One whose API is not registered would show nothing, or do nothing.
+        if (kind == "action")
+            static_cast<ActionEntry*>(entry)->invoke();
+        EXPECT_EQ(bus.take().size(), kind == "action");
+        EXPECT_TRUE(kind != "form" ||
+                    (entry->valueText() != "" && formOf(name)->setValue(formOf(name)->currentIndex() == 0)));
         for (int selected : {1, 2, -1, 0}) {
             setIntSetting(GROUP_MENU, "ProfileSelected", selected);
-            EXPECT_EQ(entry->isEnabled(), !(e.greyedByProfile && selected == 1)) << selected;
+            EXPECT_EQ(entry->isEnabled(), !(greys == "p" && selected == 1)) << selected;
+        }
+        for (const char* mode :
+             {"ENABLED_NORMAL_MODE", "DISABLED_NORMAL_MODE", "HIDDEN_MODE", "", "disabled"}) {
+            setStringSetting(GROUP_SYSTEM, "EnabledMode", mode);
+            EXPECT_EQ(entry->isHidden(), std::ranges::count(hides, *mode)) << mode;
+            EXPECT_EQ(entry->isEnabled(), !std::ranges::count(greys, *mode)) << mode;
         }
         // Only an entry whose own flag allows it looks further, as a wrong type shows in the log.
-        const bool hides = e.hiddenIn.find('x') != std::string::npos;
-        const bool greys = e.greyedByProfile || e.greyedIn.find('x') != std::string::npos;
         CoreStore::instance().write(GROUP_SYSTEM, "EnabledMode", 1);
         CoreStore::instance().write(GROUP_MENU, "ProfileSelected", "1");
         for (const bool flag : {true, false}) {
-            setBoolSetting(GROUP_MENU, (e.name + ".enabled").c_str(), flag);
-            setBoolSetting(GROUP_MENU, (e.name + ".visible").c_str(), flag);
+            setBoolSetting(GROUP_MENU, (name + ".enabled").c_str(), flag);
+            setBoolSetting(GROUP_MENU, (name + ".visible").c_str(), flag);
             const LogCapture log;
             EXPECT_EQ(entry->isHidden(), !flag);
-            EXPECT_EQ(log.lines().size(), flag * hides) << log.text();
+            EXPECT_EQ(log.lines().size(), flag && !hides.empty()) << log.text();
             EXPECT_EQ(entry->isEnabled(), flag);
-            EXPECT_EQ(log.lines().size(), flag * (hides + greys)) << log.text();
-        }
-    }
-}
-
-// One whose API is not registered would show nothing, or do nothing.
-TEST(Entries, FindEveryApiTheyName)
-{
-    MenuStore store;
-    BusListener bus(BusSignals::event);
-    std::set<std::string> names{"SetupHeadlines"};
-    for (const auto& setting : OperatorPack::builtIn().settings) {
-        if (setting.key.ends_with(".ChildIDs"))
-            for (const std::string& name : childNames(std::get<std::string>(setting.value)))
-                names.insert(name);
-    }
-    for (const std::string& name : names) {
-        SCOPED_TRACE(name);
-        Entry* entry = entryOf(name);
-        ASSERT_NE(entry, nullptr);
-        EXPECT_TRUE(std::ranges::any_of(entries, [&](const auto& e) { return e.name == name; }))
-            << "is not tested";
-        const int kind = EntryRegistry::instance()->kindOf(entry);
-        if (kind == ENTRY_ACTION) {
-            static_cast<ActionEntry*>(entry)->invoke();
-            EXPECT_EQ(bus.take().size(), 1);
-        } else if (kind == ENTRY_FORM) {
-            EXPECT_TRUE(entry->hasValue());
-            EXPECT_NE(entry->valueText(), "");
-            EXPECT_TRUE(formOf(name)->setValue(formOf(name)->currentIndex() == 0));
-        } else if (kind == ENTRY_NODE && nodeOf(name.c_str())->mDetailsFlag != 0) {
-            for (const Entry* row : nodeOf(name.c_str())->mChildren)
-                EXPECT_NE(row->valueText(), "") << row->label();
+            EXPECT_EQ(log.lines().size(), flag * (!hides.empty() + !greys.empty())) << log.text();
         }
     }
 }
 
 TEST(EntryRegistry, KeepsTheKindOfAnEntryWhoseNameGoesToAnother)
 {
-    static ActionEntry first("", ""), second("", ""), unknown("", "");
+    MenuStore store;
+    static ActionEntry first("", ""), second("", "");
     EntryRegistry& registry = *EntryRegistry::instance();
     registry.add("Test", &first, ENTRY_LINK);
     registry.add("Test", &second, ENTRY_ACTION);
-    const std::pair<const Entry*, int> kinds[] = {{&first, ENTRY_LINK},
-                                                  {&second, ENTRY_ACTION},
-                                                  {&unknown, ENTRY_UNREGISTERED},
-                                                  {nullptr, ENTRY_UNREGISTERED},
-                                                  {nodeOf("Details")->mChildren[0], ENTRY_UNREGISTERED}};
-    for (const auto& [entry, kind] : kinds)
-        EXPECT_EQ(registry.kindOf(entry), kind);
+    EXPECT_EQ(registry.kindOf(&first), ENTRY_LINK);
+    EXPECT_EQ(registry.kindOf(&second), ENTRY_ACTION);
+    for (const Entry* entry : {nodeOf("Details")->mChildren[0], static_cast<Entry*>(nullptr)})
+        EXPECT_EQ(registry.kindOf(entry), ENTRY_UNREGISTERED);
     EXPECT_EQ(registry.find("Test"), &second);
-    for (const char* name : {"", "A", "Test2", "test", "zzz"})
-        EXPECT_EQ(registry.find(name), nullptr) << name;
-}
-
-TEST(ChannelLink, ReadsItsLinkOnce)
-{
-    MenuStore store;
-    for (const auto& [name, key] :
-         {std::pair("AddNewChannel", "AddNewChannelURL"), std::pair("ManageMyChannels", "ManageChannelURL")}) {
-        const std::string first = getStringSetting(GROUP_NEWS_READER_UI, key);
-        setStringSetting(GROUP_NEWS_READER_UI, key, "http://later.example/");
-        EXPECT_EQ(static_cast<LinkEntry*>(entryOf(name))->url(), first);
-    }
+    EXPECT_EQ(registry.find("test"), nullptr);
 }
 
 TEST(SetupHeadlinesNode, WarnsWhileTheServiceIsOff)
 {
-    MenuStore store(MenuStore::KEYS);
+    MenuStore store;
     MenuNode* node = nodeOf("SetupHeadlines");
     EXPECT_FALSE(node->needsWarning());
     setStringSetting(GROUP_SYSTEM, "EnabledMode", "DISABLED_NORMAL_MODE");
@@ -212,73 +156,71 @@ TEST(SetupHeadlinesNode, WarnsWhileTheServiceIsOff)
 TEST(TableForms, ReadAndWriteWhatTheirTablesSay)
 {
     MenuStore store;
-    const std::string on = "ENABLED_NORMAL_MODE", off = "DISABLED_NORMAL_MODE", hidden = "HIDDEN_MODE";
-    const std::tuple<const char*, int, const char*> rate{"Scrolling", GROUP_NEWS_READER_UI, "ScrollingRate"},
-        load{"Download", GROUP_SERVICE, "DownloadOption"}, mode{"CustomHomeMode", GROUP_SYSTEM, "EnabledMode"};
-    // A form, what is stored, the choice it shows as, a choice then made, whether it is taken, what is stored then.
-    const std::tuple<decltype(rate), SettingValue, int, int, bool, SettingValue> steps[] = {
-        {rate, 3, 0, 1, true, 2},        {rate, 2, 1, 3, true, 0},
-        {rate, 1, 2, 2, false, 1},       {rate, 0, 3, 0, true, 3},
-        {rate, 7, 0, 0, false, 7},       {rate, -1, 0, 2, true, 1},
-        {load, 0, 0, 2, true, 2},        {rate, 2, 1, INT_MIN, true, 2},
-        {rate, 2, 1, INT_MAX, false, 2}, {load, 1, 1, 0, true, 0},
-        {load, 2, 2, 1, true, 1},        {load, 3, 0, 3, false, 3},
-        {mode, on, 0, 1, true, off},     {mode, off, 1, 0, true, on},
-        {mode, on, 0, 2, false, on},     {mode, hidden, 0, 0, false, hidden},
-    };
-    for (const auto& [setting, stored, current, chosen, isTaken, then] : steps) {
-        const auto& [name, group, key] = setting;
-        SCOPED_TRACE(name + std::to_string(chosen));
+    const std::map<std::string, std::pair<int, const char*>> settings = {
+        {"Scrolling", {GROUP_NEWS_READER_UI, "ScrollingRate"}},
+        {"Download", {GROUP_SERVICE, "DownloadOption"}},
+        {"CustomHomeMode", {GROUP_SYSTEM, "EnabledMode"}}};
+    // A form, what is stored, the choice it shows as, a choice then made, and what is stored if that is taken.
+    for (const auto& [name, stored, current, chosen, then] : table<5>(R"(
+Scrolling|3|0|1|2;Scrolling|2|1|3|0;Scrolling|1|2|2|;Scrolling|0|3|0|3;Scrolling|7|0|0|;Scrolling|-1|0|2|1;
+Scrolling|2|1|-2147483648|2;Scrolling|2|1|2147483647|;
+Download|0|0|2|2;Download|1|1|0|0;Download|2|2|1|1;Download|3|0|3|;
+CustomHomeMode|ENABLED_NORMAL_MODE|0|1|DISABLED_NORMAL_MODE;CustomHomeMode|ENABLED_NORMAL_MODE|0|2|;
+CustomHomeMode|DISABLED_NORMAL_MODE|1|0|ENABLED_NORMAL_MODE;CustomHomeMode|HIDDEN_MODE|0|0|)")) {
+        SCOPED_TRACE(name + stored + chosen);
+        const auto [group, key] = settings.at(name);
+        const auto valueOf = [&](const std::string& text) {
+            return name == "CustomHomeMode" ? SettingValue(text) : SettingValue(std::stoi(text));
+        };
         SettingValue value;
-        CoreStore::instance().write(group, key, stored);
-        EXPECT_EQ(formOf(name)->currentIndex(), current);
-        EXPECT_EQ(formOf(name)->setValue(chosen), isTaken);
+        CoreStore::instance().write(group, key, valueOf(stored));
+        EXPECT_EQ(formOf(name)->currentIndex(), std::stoi(current));
+        EXPECT_EQ(formOf(name)->setValue(std::stoi(chosen)), !then.empty());
         CoreStore::instance().read(group, key, value);
-        EXPECT_EQ(value, then);
+        EXPECT_EQ(value, valueOf(then.empty() ? stored : then));
     }
 }
 
-TEST(ProfileForm, ListsTheProfilesAndInstallsTheChosenOne)
+TEST(ProfileForm, ListsTheProfilesAndFlagsAndInstallsTheChosenOne)
 {
-    TestStore store(R"({"settings": {"VtCore.Menu": {"Profile.visible": true}}})");
+    MenuStore store;
     CoreStore& core = CoreStore::instance();
     FormEntry& form = *formOf("Profile");
     const Entry& line = *entryOf("Profile");
-    const struct
-    {
-        std::vector<OperatorPack::Profile> profiles;
-        const char* inForce;
-        const char* choices;
-        int index;
-        const char* value; // in a menu; null: there is no second line
-        int chosen;
-        const char* installed; // null: the choice is not taken
-    } cases[] = {
-        {{{"1", "a"}, {"2", "b", false}}, "1", "![a],![DISABLE:b]", 0, "a", 1, "2"},
-        {{{"1", "a", false}, {"2", "b"}}, "1", "![DISABLE:a],![b]", 0, "", 0, nullptr},
-        {{{"1", "a DISABLE:"}, {"2", "b"}}, "1", "![a DISABLE:],![b]", 0, "a DISABLE:", 2, nullptr},
-        {{{"1", "a"}, {"2", "b"}, {"3", "b"}}, "2", "![a],![b],![b]", 2, "b", 0, "1"},
-        {{{"1", "a", false}}, "1", "![DISABLE:a]", 0, nullptr, 0, "1"},
-        {{{"1", "a"}}, "1", "![a]", 0, nullptr, 0, "1"},
-        {{{"1", "a"}, {"2", "b"}, {"3", "c"}}, "2", "![a],![b],![c]", 1, "b", -1, "2"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.choices);
+    Sqlite::Connection file; // takes no profile for a new one before the flag is set
+    ASSERT_TRUE(file.open(store.path(), SQLITE_OPEN_READWRITE).isOk());
+    ASSERT_TRUE(
+        file.execute("CREATE TRIGGER t BEFORE UPDATE OF current ON profile WHEN EXISTS (SELECT 1 FROM setting "
+                     "WHERE key = 'ProfileSelected' AND value = 0) BEGIN SELECT RAISE(ABORT, 'no flag'); END")
+            .isOk());
+    // The profiles, called 1, 2 ..., which of them is in force, the choice it shows as, its name in the menu ("-" if
+    // there is no second line), the choice made, and the profile it installs, if it is taken.
+    for (const auto& [names, before, index, value, chosen, installed] :
+         table<6>("a,DISABLE:b|1|0|a|1|2;DISABLE:a,b|1|0||0|;a DISABLE:,b|1|0|a DISABLE:|2|;a,b,b|2|2|b|0|1;"
+                  "DISABLE:a|1|0|-|0|1;a|1|0|-|0|1;a,b,c|2|1|b|-1|2")) {
+        SCOPED_TRACE(names + chosen);
         OperatorPack pack;
-        pack.profiles = c.profiles;
         pack.settings = {{GROUP_MENU, "Profile.visible", true}};
+        auto& profiles = pack.profiles.emplace();
+        std::string choices = ",![]";
+        for (const std::string& name : childNames(names)) {
+            const bool isLocked = name.starts_with("DISABLE:");
+            profiles.push_back({std::to_string(profiles.size() + 1), name.substr(isLocked ? 8 : 0), !isLocked});
+            choices += ",![" + name + ']';
+        }
+        setIntSetting(GROUP_MENU, "ProfileSelected", 1);
         core.installPack(pack);
-        core.setCurrentProfile(c.inForce);
-        EXPECT_EQ(line.hasValue(), c.value != nullptr); // reloads the form
-        EXPECT_EQ(choicesOf(form), std::string(",![],") + c.choices + ",![]");
-        EXPECT_EQ(form.currentIndex(), c.index);
-        EXPECT_EQ(line.valueText(), c.value ? c.value : line.valueText());
+        core.setCurrentProfile(before);
+        EXPECT_EQ(line.hasValue(), value != "-"); // reloads the form
+        EXPECT_EQ(choicesOf(form), choices + ",![]");
+        EXPECT_EQ(form.currentIndex(), std::stoi(index));
+        EXPECT_TRUE(value == "-" || line.valueText() == value) << line.valueText();
         setIntSetting(GROUP_MENU, "ProfileSelected", 0);
-        EXPECT_EQ(form.setValue(c.chosen), c.installed != nullptr);
+        EXPECT_EQ(form.setValue(std::stoi(chosen)), !installed.empty());
         std::string inForce;
         core.currentProfile(inForce);
-        EXPECT_EQ(inForce, c.installed ? c.installed : c.inForce);
-        EXPECT_EQ(getIntSetting(GROUP_MENU, "ProfileSelected"), c.installed && c.chosen >= 0);
+        EXPECT_EQ(inForce, installed.empty() ? before : installed);
+        EXPECT_EQ(getIntSetting(GROUP_MENU, "ProfileSelected"), !installed.empty() && chosen != "-1");
     }
     core.removeProfile("1"); // since it was listed
     EXPECT_TRUE(form.setValue(0));
@@ -288,28 +230,10 @@ TEST(ProfileForm, ListsTheProfilesAndInstallsTheChosenOne)
         EXPECT_EQ(line.isHidden(), *allowed == 'f');
     }
     static bool isAsked = false;
-    const ApiRegistry::HidePredicate note = [] { return isAsked = true; };
-    ApiRegistry::instance()->add("HIDE_PROFILE_API", note);
+    ApiRegistry::instance()->add("HIDE_PROFILE_API", ApiRegistry::HidePredicate([] { return isAsked = true; }));
     setBoolSetting(GROUP_MENU, "Profile.visible", false);
-    EXPECT_TRUE(line.isHidden());
-    EXPECT_FALSE(isAsked) << "though the flag hides it";
+    EXPECT_TRUE(line.isHidden() && !isAsked) << "the flag hides it";
     ApiRegistry::instance()->add("HIDE_PROFILE_API", ProfileChoice::isFixed);
-}
-
-TEST(ProfileForm, SetsTheFlagBeforeItInstalls)
-{
-    TestStore store(R"({"profiles": [{"id": "a", "name": "A"}, {"id": "b", "name": "B"}]})");
-    Sqlite::Connection file;
-    ASSERT_TRUE(file.open(store.path(), SQLITE_OPEN_READWRITE).isOk());
-    ASSERT_TRUE(
-        file.execute("CREATE TRIGGER t BEFORE UPDATE OF current ON profile WHEN NOT EXISTS (SELECT 1 FROM "
-                     "setting WHERE key = 'ProfileSelected') BEGIN SELECT RAISE(ABORT, 'no flag'); END")
-            .isOk());
-    FormEntry& form = *formOf("Profile");
-    form.reload();
-    EXPECT_TRUE(form.setValue(1));
-    form.reload();
-    EXPECT_EQ(form.currentIndex(), 1);
 }
 
 TEST(ApiOptionForm, TakesAChoiceWithoutASetter)
@@ -319,21 +243,103 @@ TEST(ApiOptionForm, TakesAChoiceWithoutASetter)
         using ApiOptionForm::ApiOptionForm;
         std::string instructText() const override { return {}; }
     };
-    static std::string asked;
-    ApiRegistry::instance()->add(
-        "Test.list", +[] { return asked += "list ", std::string("a\nb\n\nb c"); });
-    ApiRegistry::instance()->add(
-        "Test.current", +[] { return asked += "current ", std::string("b"); });
-    Form form("Test", "Test.list", "Test.current", "Test.no"), empty("Test", "Test.no", "Test.no", "Test.no");
-    for (int i = 0; i < 2; ++i) {
+    static std::string list = "a\nb\n\nb c", asked;
+    ApiRegistry& apis = *ApiRegistry::instance();
+    apis.add("Test.list", ApiRegistry::Text([] { return asked += "list ", list; }));
+    apis.add("Test.current", ApiRegistry::Text([] { return asked += "current ", "b"s; }));
+    Form form("Test", "Test.list", "Test.current", "Test.no");
+    for (const char* choices : {",[],[a],[b],[],[b c],[]", ",[],[a],[b],[]"}) {
         form.reload();
-        EXPECT_EQ(choicesOf(form), ",[],[a],[b],[],[b c],[]");
-        EXPECT_EQ(form.currentIndex(), 1);
-        EXPECT_TRUE(form.setValue(0));
+        EXPECT_EQ(choicesOf(form), choices);
+        EXPECT_TRUE(form.currentIndex() == 1 && form.setValue(0));
+        list = "a\nb\n";
     }
     EXPECT_EQ(asked, "list current list current ");
-    empty.reload();
-    EXPECT_EQ(empty.optionCount(), 0);
+    apis.add("Test.list", ApiRegistry::Text(nullptr));
+    form.reload();
+    EXPECT_EQ(form.optionCount(), 0);
+}
+
+// The names of the node's children after a fresh load: "Scrolling,Download". Each label is its own key.
+std::string listed(const char* name)
+{
+    MenuNode* node = nodeOf(name);
+    node->clearChildren();
+    node->loadChildren();
+    std::string names;
+    for (const Entry* child : node->mChildren)
+        names += (names.empty() ? "" : ",") + child->label().substr(0, child->label().find('.'));
+    return names;
+}
+
+TEST(MenuNode, LoadsItsChildrenFromTheStore)
+{
+    MenuStore store(MenuStore::KEYS);
+    setBoolSetting(GROUP_MENU, "HowToUse.visible", false);
+    // The root's child list, its sub-menu's, and what the root then lists. The last four lead back to themselves.
+    for (const auto& [setup, configure, expected] : table<3>(R"(
+ CustomHomeMode , Scrolling ,Download  ||CustomHomeMode,Scrolling,Download
+Scrolling,Nothing,,Download,Scrolling,||Scrolling,Download,Scrolling
+scrolling,	Scrolling,Scroll ing,   ||;||
+HowToUse,CustomHomeMode||CustomHomeMode;ConfigureHeadlines|HowToUse|ConfigureHeadlines;ConfigureHeadlines|Details|Details
+ConfigureHeadlines,Download|Scrolling,Download|ConfigureHeadlines,Download
+ConfigureHeadlines,Download|HowToUse,Scrolling|Scrolling,Download
+SetupHeadlines,Scrolling||SetupHeadlines,Scrolling;ConfigureHeadlines|SetupHeadlines|SetupHeadlines
+ConfigureHeadlines|ConfigureHeadlines|ConfigureHeadlines
+ConfigureHeadlines,Scrolling|SetupHeadlines,Download|ConfigureHeadlines,Scrolling
+)" + std::string(5000, 'x') + ",Download||Download\nScrolling,Download\0,Profile||Scrolling,Download"s)) {
+        setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", setup);
+        setStringSetting(GROUP_MENU, "ConfigureHeadlines.ChildIDs", configure);
+        EXPECT_EQ(listed("SetupHeadlines"), expected) << setup << " / " << configure;
+        listed("ConfigureHeadlines"); // comes to an end from there, too
+    }
+}
+
+// Or two lists of some hundred names would take as many squared.
+TEST(MenuNode, LoadsASubMenuOnceHoweverOftenAListNamesItAndNeverAHiddenOne)
+{
+    MenuStore store(MenuStore::KEYS);
+    const LogCapture log;
+    setStringSetting(GROUP_MENU, "SetupHeadlines.ChildIDs", "ConfigureHeadlines,Download,ConfigureHeadlines");
+    setStringSetting(GROUP_MENU, "ConfigureHeadlines.ChildIDs", "Scrolling,Download,Profile");
+    setIntSetting(GROUP_MENU, "Profile.visible", 1); // of the wrong type, which is logged when it is read
+    EXPECT_EQ(listed("SetupHeadlines"), "ConfigureHeadlines,Download,ConfigureHeadlines");
+    EXPECT_EQ(log.lines().size(), 1u) << log.text();
+
+    setBoolSetting(GROUP_MENU, "ConfigureHeadlines.visible", false);
+    nodeOf("ConfigureHeadlines")->clearChildren();
+    EXPECT_EQ(listed("SetupHeadlines"), "Download");
+    EXPECT_TRUE(nodeOf("ConfigureHeadlines")->mChildren.empty());
+    nodeOf("SetupHeadlines")->loadChildren();
+    EXPECT_EQ(nodeOf("SetupHeadlines")->mChildren.size(), 2) << "loading alone appends";
+}
+
+TEST(DetailsNode, ShowsEachFactUnderItsHeading)
+{
+    MenuStore store(MenuStore::KEYS);
+    ApiProvider::instance();
+    StatusValues::state() = {};
+    setStringSetting(GROUP_MENU, "Details.ChildIDs", "Scrolling");
+    CoreStore::instance().setFact("current_network", "Elsewhere");
+    setStringSetting(GROUP_DCD, "RuntimeValues.LastUpdateResult", "FAILED");
+    listed("Details");
+    std::string page;
+    for (const Entry* row : nodeOf("Details")->mChildren) {
+        EXPECT_TRUE(!row->isHidden() && row->isEnabled() && row->hasValue());
+        const std::string value = row->valueText();
+        const size_t date = value.find('\n') == 19 ? 20 : 0;
+        page += row->label() + ": " + std::regex_replace(value.substr(date), std::regex("\n"), "\\n") + '\n';
+    }
+    EXPECT_EQ(page, R"(Details.HomeNetworkLabel: Northline
+Details.CurrentNetworkLabel: Elsewhere
+Details.DownloadOptionLabel: Download.AlwaysLabel
+Details.RoamingStatusLabel: Roaming.NonRoamingLabel
+Details.CurrentActivityLabel: Details.IdleLabel
+Details.LastConnectionLabel: Details.FailedLabel
+Details.SubscriptionLabel: 3 Details.ChannelsLabel\nWorld News\nSport\nWeather\n
+Details.MemoryLabel: Details.ContentMemoryLabel 0 K\nDetails.FreeMemoryLabel 680 K\nDetails.TotalMemoryLabel 680 K\n
+)");
+    EXPECT_NE(nodeOf("Details")->mDetailsFlag, 0);
 }
 
 } // namespace

@@ -16,17 +16,17 @@ public:
     explicit MenuStore(Texts texts = FROM_PACK)
     {
         OperatorPack pack = OperatorPack::builtIn();
-        for (OperatorPack::Setting& setting : pack.settings) {
-            if (texts == KEYS && setting.group == 5 && std::holds_alternative<std::string>(setting.value))
-                setting.value = setting.key;
-        }
+        for (auto& [group, key, value] : pack.settings)
+            if (texts == KEYS && group == 5 && std::holds_alternative<std::string>(value))
+                value = key;
         EXPECT_EQ(CoreStore::instance().installPack(pack), STORE_OK);
         loadDemoScene();
+        EntryRegistry::instance(); // the links are read when the entries are made
     }
 };
 
 // The node registered under `name`.
-inline MenuNode* nodeOf(const char* name)
+inline MenuNode* nodeOf(const std::string& name)
 {
     return static_cast<NodeAdapter*>(EntryRegistry::instance()->find(name))->node();
 }

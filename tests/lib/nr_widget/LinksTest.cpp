@@ -12,49 +12,44 @@
 #include <chrono>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
 
+// What a column of a table stands for; the notation is explained at the top of links.tsv.
 std::string bytesOf(const std::string& text)
 {
     static const std::map<char, char> escapes = {{'n', '\n'}, {'t', '\t'}, {'0', '\0'}, {'\\', '\\'}};
-    if (text == "\"\"")
-        return {};
     std::string bytes;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\\') {
+    for (size_t i = 0; text != "\"\"" && i < text.size(); ++i) {
+        if (text[i] != '\\')
             bytes += text[i];
-        } else if (text[++i] == 'x') {
-            bytes += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
-            i += 2;
-        } else {
+        else if (text[++i] != 'x')
             bytes += escapes.at(text[i]);
-        }
+        else
+            bytes += static_cast<char>(std::stoi(text.substr((i += 2) - 1, 2), nullptr, 16));
     }
     return bytes;
 }
 
 using Row = std::vector<std::string>;
 
-// Calls `check` with the columns of each case of a table; the notation is explained at the top of links.tsv.
-// Returns how many cases there are.
+// Calls `check` with the columns of each case of a table. Returns how many cases there are.
 template <class Check>
 int forEachRow(const char* table, Check check)
 {
     std::ifstream file(std::string(VISTANE_TABLES "/") + table);
     int count = 0;
     for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line.starts_with('#'))
-            continue;
         SCOPED_TRACE(line);
         Row row;
-        std::istringstream columns(line);
+        std::istringstream columns(line.starts_with('#') ? "" : line);
         for (std::string column; std::getline(columns, column, '\t');)
             row.push_back(bytesOf(column));
-        check(row);
-        ++count;
+        if (!row.empty() && ++count > 0)
+            check(row);
     }
     return count;
 }
@@ -72,13 +67,13 @@ Row parsed(const std::string& kind, const Row& row)
         return {NR_URLLauncher::parseTelNo(input)};
     if (kind == "decode")
         return {NR_URLLauncher::percentDecode(input)};
-    std::string to = "=", cc = "=", bcc = "=", subject = "=", body = "=";
-    if (kind == "sms") {
-        NR_URLLauncher::parseSmsUrl(input, to, body);
-        return {to, body};
-    }
-    NR_URLLauncher::parseHeader(input, std::min(input.find('?'), input.size()), to, cc, bcc, subject, body);
-    return {to, cc, bcc, subject, body};
+    Row parts(kind == "sms" ? 2 : 5, "=");
+    if (kind == "sms")
+        NR_URLLauncher::parseSmsUrl(input, parts[0], parts[1]);
+    else
+        NR_URLLauncher::parseHeader(input, std::min(input.find('?'), input.size()), parts[0], parts[1],
+                                    parts[2], parts[3], parts[4]);
+    return parts;
 }
 
 class Links : public testing::Test
@@ -140,7 +135,7 @@ TEST_F(Links, AMegabyteOfAnythingIsSurvived)
     EXPECT_EQ(calls[0].words.back(), "tel:");
 }
 
-TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFile)
+TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFileNorSendAnEarlierText)
 {
     const QTemporaryDir dir;
     const std::string precious = dir.filePath("precious").toStdString();
@@ -151,14 +146,10 @@ TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFile)
     unlink(NR_MessageFile::path);
     EXPECT_EQ(desktop.take(1).at(0).words.back(), "sms:1");
     EXPECT_EQ(PrivateFile::read(precious.c_str()), "secret");
-}
 
-TEST_F(Links, DoNotSendAnEarlierText)
-{
     launch("smsto:1?text=secret");
     desktop.take(1);
-    // Nothing can be opened now, so nothing can be written.
-    rlimit files;
+    rlimit files; // without any, nothing can be opened, so nothing can be written
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &files), 0);
     const rlimit none = {0, files.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
@@ -174,14 +165,14 @@ TEST_F(Links, LogMessagesOnly)
                              "smstox:1-2?text=a%20b", "mmsto:12", "mailto:a?cc=b", "tel:1", "vtel:1",
                              "midlet:x", "rtsp:x", "ical:1", "vcal:", "http://h", "addressbook", "home"})
         launch(link);
-    const std::string start = "(../../lib/nr_widget/NR_URLLauncher:*)[~~~~vistane~~~~]launch";
-    const Row expected = {
-        start + "SMSTO: address = 12",  start + "SMSTO: text = a %s",
-        start + "SMSTO: address = 3",   start + "SMSTO: text = x (Vt_Menu:78) forged  \u00db",
-        start + "SMSTOX: address = 12", start + "SMSTOX: text = a%20b",
-        start + "MMSTO: address = 12",  start + "MMSTO: text = ",
-    };
-    EXPECT_EQ(log.lines(), expected);
+    std::string lines;
+    for (const std::string& line : log.lines())
+        lines += line + '|';
+    EXPECT_EQ(
+        std::regex_replace(
+            lines, std::regex(R"(\(../../lib/nr_widget/NR_URLLauncher:\*\)\[~~~~vistane~~~~\]launch)"), ""),
+        "SMSTO: address = 12|SMSTO: text = a %s|SMSTO: address = 3|SMSTO: text = x (Vt_Menu:78) forged  \u00db|"
+        "SMSTOX: address = 12|SMSTOX: text = a%20b|MMSTO: address = 12|MMSTO: text = |");
 }
 
 // Read the obvious way, some of these cost the square of their length: minutes instead of milliseconds.

@@ -1,0 +1,113 @@
+#include "CoreStore.h"
+#include "NR_EngineUtils.h"
+#include "Table.h"
+#include "TestStore.h"
+#include "VistaneSettingMgr.h"
+#include "Vt_EventAndStatusFacade.h"
+#include "Vt_RkEventStatusAdapter.h"
+#include "vtString.h"
+
+#include <gtest/gtest.h>
+
+using namespace std::string_literals;
+
+namespace {
+
+constexpr int menu = 5;
+
+VistaneSettingMgr& manager()
+{
+    return *VistaneSettingMgr::getSettingMgrInstance();
+}
+
+} // namespace
+
+TEST(Setting, OddTextsComeBackAsTheyWereAndFailuresLeaveTheOutputAlone)
+{
+    const TestStore store;
+    vtTypes::String read = U"-";
+    for (const vtTypes::String& text : {U""s, U"a\0b"s, U"123"s, U"\x10ffff"s, vtTypes::String(100000, U'x')}) {
+        EXPECT_EQ(manager().setString(menu, "", text), STORE_OK);
+        EXPECT_EQ(manager().getString(menu, "", read), STORE_OK);
+        EXPECT_TRUE(read == text);
+    }
+    EXPECT_EQ(manager().setString(menu, "", {0xd800}), STORE_WRONG_TYPE);
+    EXPECT_EQ(manager().getString(6, "", read), STORE_NOT_FOUND);
+    int number = -1;
+    bool flag = true;
+    EXPECT_EQ(manager().getInt(menu, "", number), STORE_WRONG_TYPE);
+    EXPECT_EQ(manager().getBoolean(menu, "", flag), STORE_WRONG_TYPE);
+    EXPECT_TRUE(flag && number == -1 && read.size() == 100000);
+}
+
+TEST(Setting, AnotherProgramsWriteIsSeenByTheNextRead)
+{
+    const TestStore store;
+    CoreStore other(store.path());
+    for (int i = 0, number = -1; i < 100; ++i) {
+        ASSERT_EQ(other.write(menu, "n", i) + manager().getInt(menu, "n", number), STORE_OK);
+        ASSERT_EQ(number, i);
+    }
+}
+
+TEST(Fact, WhatTheDeviceCannotTellLeavesTheOutputAlone)
+{
+    const TestStore store;
+    CoreStore& core = CoreStore::instance();
+    Vt_RkEventStatusAdapter identity;
+    vtTypes::String text = U"-";
+    int number = 4;
+    bool flag = true;
+    EXPECT_NE(identity.getIMSI(text), 0);
+    EXPECT_NE(Vt_EventAndStatusFacade::instance()->getRoamingStatus(number), 0);
+    EXPECT_NE(NR_EngineUtils::friendlyNetworkStatus(flag), 0);
+    EXPECT_TRUE(text == U"-" && number == 4 && flag);
+
+    core.setFact("imsi", "T\xc3\xa9l");
+    core.setFact("friendly", "0");
+    EXPECT_EQ(identity.getIMSI(text) + NR_EngineUtils::friendlyNetworkStatus(flag), 0);
+    EXPECT_TRUE(text == U"T\u00e9l" && !flag);
+    EXPECT_NE(identity.getMSISDN(text), 0);
+    for (const auto& [name, value] :
+         table<2>("roaming|far;roaming|1 ;roaming|99999999999;friendly|yes;model|\xff"))
+        EXPECT_EQ(core.setFact(name, value), STORE_WRONG_TYPE) << name << value;
+}
+
+TEST(Fact, MacrosInLinksAreFilledOnce)
+{
+    const TestStore store(
+        R"({"device": {"model": "V 1/\u00e4&@MSISDN@", "msisdn": "+155", "dpp_version": "2.0~a-b_c"}})");
+    for (auto [url, filled] : table<2>(R"(
+http://h/?a=1&b=%40|http://h/?a=1&b=%40;http://h/?m=@MSISDN@&n=@MSISDN@|http://h/?m=%2B155&n=%2B155
+@DEVICE_MODEL@|V%201%2F%C3%A4%26%40MSISDN%40;@@DPP_VERSION@@|@2.0~a-b_c@;[@DP_CLIENT_SW_VERSION@]|[]
+@msisdn@ @MSISDN|@msisdn@ @MSISDN;@DPP_@MSISDN@VERSION@|@DPP_%2B155VERSION@)")) {
+        NR_EngineUtils::replacePatternsInURL(url);
+        EXPECT_EQ(url, filled);
+    }
+}
+
+TEST(Text, Utf8IsDecodedStrictlyAndEncodedBack)
+{
+    const std::pair<std::string, vtTypes::String> good[] = {
+        {"a\0b"s, U"a\0b"s},
+        {"\x7f\xc2\x80\xdf\xbf", U"\x7f\x80\x7ff"},
+        {"\xe0\xa0\x80\xed\x9f\xbf\xee\x80\x80\xef\xbf\xbf", U"\x800\xd7ff\xe000\xffff"},
+        {"\xf0\x90\x80\x80\xf4\x8f\xbf\xbf", U"\x10000\x10ffff"},
+    };
+    for (const auto& [utf8, text] : good) {
+        vtTypes::String decoded;
+        std::string encoded;
+        EXPECT_TRUE(vtStringFromUtf8(utf8, decoded) && decoded == text) << utf8;
+        EXPECT_TRUE(vtStringEncodeUtf8(text, encoded) && encoded == utf8) << utf8;
+    }
+    // Three that are overlong, a surrogate, one above the last character, no lead, cut short by the end and by another.
+    for (const std::string utf8 : {"\xc1\xbf", "\xe0\x9f\xbf", "\xf0\x8f\xbf\xbf", "\xed\xa0\x80",
+                                   "\xf4\x90\x80\x80", "\xff", "\xe2\x82", "\xe2\x82 "}) {
+        vtTypes::String text = U"as it was";
+        EXPECT_FALSE(vtStringFromUtf8(utf8, text)) << testing::PrintToString(utf8);
+        EXPECT_EQ(text, U"as it was");
+    }
+    std::string utf8 = "as it was";
+    EXPECT_FALSE(vtStringEncodeUtf8({0xd800}, utf8) || vtStringEncodeUtf8({0x110000}, utf8));
+    EXPECT_EQ(utf8, "as it was");
+}
