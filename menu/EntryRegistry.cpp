@@ -2,7 +2,6 @@
 
 #include "FormEntry.h"
 #include "HeadlineEntries.h"
-#include "MenuNode.h"
 #include "ProfileForm.h"
 #include "SettingsForms.h"
 #include "SettingsNodes.h"

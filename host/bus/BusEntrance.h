@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HostBus.h"
+#include "BusSignals.h"
 
 #include <QDBusMessage>
 #include <QObject>

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
+#include <QVariantList>
+
+#include <functional>
 
 // A signal of ours on the bus: where it is sent, and what a receiver may count on.
 struct BusSignal
@@ -31,3 +35,34 @@ inline const BusSignal returnToIdle = {QStringLiteral("/Vistane/Platform"),
 inline const QString service = QStringLiteral("org.vistane.Service1");
 
 } // namespace BusSignals
+
+// How messages are let in.
+namespace HostBus {
+
+// A map of texts, as event parameters travel.
+using Texts = QMap<QString, QString>;
+
+// Largest text or array of bytes in a message, and most elements of a list or map, that are let in.
+constexpr qsizetype largestText = 256 * 1024;
+constexpr qsizetype mostElements = 1000;
+
+// A signal that was let in.
+struct Message
+{
+    QString path;
+    QVariantList arguments; // int, bool, QString, QByteArray, QStringList, Texts, as the signature says
+    // False when somebody owns the service's name and this came neither from him nor from this process.
+    bool mayBeService = true;
+};
+
+// A signal that was not.
+struct Refused
+{
+    QString path, interface, name, signature;
+    const char* reason;
+};
+
+using Receiver = std::function<void(const Message&)>;
+using RefusedReceiver = std::function<void(const Refused&)>;
+
+} // namespace HostBus

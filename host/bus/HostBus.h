@@ -2,41 +2,11 @@
 
 #include "BusSignals.h"
 
-#include <QVariantList>
-
-#include <functional>
-
 class QObject;
 
 // The session bus under all of the platform's messages. Without a bus everything answers false, one log line says so,
 // and the program goes on; so it does when the bus goes away.
 namespace HostBus {
-
-// A map of texts, as event parameters travel.
-using Texts = QMap<QString, QString>;
-
-// Largest text or array of bytes in a message, and most elements of a list or map, that are let in.
-constexpr qsizetype largestText = 256 * 1024;
-constexpr qsizetype mostElements = 1000;
-
-// A signal that was let in.
-struct Message
-{
-    QString path;
-    QVariantList arguments; // int, bool, QString, QByteArray, QStringList, Texts, as the signature says
-    // False when somebody owns the service's name and this came neither from him nor from this process.
-    bool mayBeService = true;
-};
-
-// A signal that was not.
-struct Refused
-{
-    QString path, interface, name, signature;
-    const char* reason;
-};
-
-using Receiver = std::function<void(const Message&)>;
-using RefusedReceiver = std::function<void(const Refused&)>;
 
 // To be called before anything asks for the session bus, the application object included. A bus that accepts and then
 // does not answer within two seconds would be waited for without end; from here on it counts as none.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "USoftKey.h"
+#include <QObject>
 
 #include <optional>
 
@@ -9,8 +9,10 @@ class QKeyEvent;
 // Which key of the phone a key of a keyboard stands for.
 namespace PhoneKeys {
 
+enum SoftKey { Left = 0, Right = 1 };
+
 // The soft key, if it is one: F1 and F9 the left one; F2, F11 and Escape the right one.
-std::optional<USoftKey::Key> softKey(const QKeyEvent& event);
+std::optional<SoftKey> softKey(const QKeyEvent& event);
 
 // Comes from a key that is held down: such a press opens and confirms nothing.
 bool isHeld(const QKeyEvent& event);
@@ -19,3 +21,32 @@ bool isHeld(const QKeyEvent& event);
 bool isSelect(const QKeyEvent& event);
 
 } // namespace PhoneKeys
+
+// Sees what the keyboard and the pointer do before any layer does, as an event filter of the screen's window. There is
+// one while there is a screen.
+class KeyFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    KeyFilter();
+    ~KeyFilter() override;
+
+    // Takes no tap, and of the keys only the red one, until the event loop has caught up: what a person did while
+    // the program was busy was meant for what was on the screen before.
+    void dropEarlyInput();
+
+    // Whether the keyboard released this key at the very moment of its press.
+    bool isReleasedNow(const QKeyEvent& press) const;
+
+protected:
+    bool eventFilter(QObject* window, QEvent* event) override;
+
+private:
+    bool isBesideAnother(const QKeyEvent& press);
+
+    quint32 mReleasedCode = 0; // of the key that was released last
+    quint64 mReleasedAt = 0;
+    quint32 mDownCode = 0; // of the soft key or select key that was pressed first, until a key is released
+    bool mDropsInput = false;
+};

@@ -2,11 +2,9 @@
 
 #include "Log.h"
 #include "PhoneKeys.h"
-#include "UApplication.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -18,10 +16,6 @@ const Log logger("PhoneScreen");
 constexpr QSize defaultSize(240, 320);
 constexpr int smallestSide = 160;
 constexpr int largestSide = 4096;
-
-// In milliseconds: what was done before may come through several turns of the event loop. Nobody answers sooner what
-// has just come up.
-constexpr int catchUpTime = 50;
 
 PhoneScreen* theScreen = nullptr;
 
@@ -79,7 +73,7 @@ void PhoneScreen::put(QWidget* layer, Layer kind)
     arrange();
     if (!isVisible()) {
         show();
-        windowHandle()->installEventFilter(this);
+        windowHandle()->installEventFilter(&mKeys);
         // Without a window manager nobody else gives the window the keys.
         activateWindow();
     }
@@ -99,51 +93,6 @@ bool PhoneScreen::isOnTop(const QWidget* widget) const
         return false;
     const QWidget* top = mLayers.last().widget;
     return top == widget || top->isAncestorOf(widget);
-}
-
-bool PhoneScreen::isReleasedNow(const QKeyEvent& press) const
-{
-    return press.nativeScanCode() != 0 && press.nativeScanCode() == mReleasedCode &&
-           press.timestamp() == mReleasedAt;
-}
-
-void PhoneScreen::dropEarlyInput()
-{
-    mDropsInput = true;
-    QTimer::singleShot(catchUpTime, this, [this] { mDropsInput = false; });
-}
-
-// The window gets what the keyboard and the pointer do before any layer does.
-bool PhoneScreen::eventFilter(QObject* /*window*/, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::KeyPress: {
-        const auto& press = static_cast<QKeyEvent&>(*event);
-        return isBesideAnother(press) || (mDropsInput && event->spontaneous() && press.key() != Qt::Key_End);
-    }
-    case QEvent::KeyRelease:
-        if (!static_cast<QKeyEvent*>(event)->isAutoRepeat())
-            mDownCode = 0;
-        return false;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::TouchBegin:
-        return mDropsInput;
-    default:
-        return false;
-    }
-}
-
-// The phone takes one key at a time: of two that are pressed together, the second one must not answer what the first
-// one brought up. Notes the first one, so this is to be asked once for every press.
-bool PhoneScreen::isBesideAnother(const QKeyEvent& press)
-{
-    if (press.isAutoRepeat() || !(PhoneKeys::softKey(press) || PhoneKeys::isSelect(press)))
-        return false;
-    if (mDownCode != 0 && mDownCode != press.nativeScanCode())
-        return true;
-    mDownCode = press.nativeScanCode();
-    return false;
 }
 
 // Shows the topmost page and everything above it, nothing below, and gives the keys to the topmost layer. What
@@ -174,13 +123,7 @@ bool PhoneScreen::focusNextPrevChild(bool /*next*/)
 void PhoneScreen::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_End && !PhoneKeys::isHeld(*event))
-        emit UApplication::instance()->askReturnToIdle(0);
-}
-
-void PhoneScreen::keyReleaseEvent(QKeyEvent* event)
-{
-    mReleasedCode = event->nativeScanCode();
-    mReleasedAt = event->timestamp();
+        emit redKeyPressed();
 }
 
 // Some platforms give their windows the size they want.
@@ -196,5 +139,5 @@ void PhoneScreen::closeEvent(QCloseEvent* event)
 {
     event->accept();
     if (event->spontaneous())
-        UApplication::instance()->returnToIdleLater(0);
+        emit closedByPerson();
 }

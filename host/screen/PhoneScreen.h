@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QList>
+#include "PhoneKeys.h"
+
 #include <QWidget>
 
 // The one window: the phone's screen. What is shown on it are layers that fill it, pages and pop-ups, stacked;
@@ -34,18 +36,16 @@ public:
     // Whether the widget is the topmost layer or a part of it.
     bool isOnTop(const QWidget* widget) const;
 
-    // Takes no tap, and of the keys only the red one, until the event loop has caught up: what a person did while
-    // the program was busy was meant for what was on the screen before.
-    void dropEarlyInput();
+    // What the window's keys and touches go through first.
+    KeyFilter& keys() { return mKeys; }
 
-    // Whether the keyboard released this key at the very moment of its press.
-    bool isReleasedNow(const QKeyEvent& press) const;
+signals:
+    void redKeyPressed();
+    void closedByPerson(); // the window manager's way to close a window
 
 protected:
-    bool eventFilter(QObject* window, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -57,11 +57,7 @@ private:
     };
 
     void arrange();
-    bool isBesideAnother(const QKeyEvent& press);
 
     QList<Entry> mLayers;      // bottom to top
-    quint32 mReleasedCode = 0; // of the key that was released last
-    quint64 mReleasedAt = 0;
-    quint32 mDownCode = 0; // of the soft key or select key that was pressed first, until a key is released
-    bool mDropsInput = false;
+    KeyFilter mKeys;
 };

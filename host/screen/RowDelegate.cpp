@@ -1,9 +1,8 @@
 #include "RowDelegate.h"
 
 #include "Look.h"
-#include "UListBox.h"
-#include "UListItem.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 
 #include <algorithm>
@@ -78,39 +77,40 @@ void drawLine(QPainter& painter, const QRect& area, const QString& text, int off
 
 } // namespace
 
-RowDelegate::RowDelegate(UListBox* list) : QStyledItemDelegate(list), mList(list) {}
+RowDelegate::RowDelegate(QAbstractItemView* list, LookOf lookOf)
+    : QStyledItemDelegate(list), mList(list), mLookOf(std::move(lookOf))
+{
+}
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    if (!mList->isWhollyVisible(option.rect))
+    if (!isWhollyVisible(option.rect))
         return;
-    const UListItem* item = mList->item(index.row());
-    const bool highlighted = index == mList->currentIndex();
-    const RowColors color = colors(highlighted, item->isEnabled());
+    const RowLook look = mLookOf(index);
+    const RowColors color = colors(look.isHighlighted, look.isEnabled);
 
     painter->save();
     painter->setLayoutDirection(option.direction);
     painter->fillRect(option.rect, color.background);
-    if (!highlighted)
+    if (!look.isHighlighted)
         painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Look::line);
 
-    QRect area = textArea(option.rect);
-    if (mList->isRadio()) {
+    QRect area = textArea(option.rect, look.radio.has_value());
+    if (look.radio) {
         QRect mark(0, 0, Look::radioSize, Look::radioSize);
         mark.moveCenter(option.rect.center());
         mark.moveLeft(Look::margin);
         drawRadioMark(*painter, QStyle::visualRect(option.direction, option.rect, mark), color.text,
-                      index.row() == mList->radioItemChecked());
+                      *look.radio);
     }
 
-    const int offset = mList->marqueeOffset(index);
     int top = option.rect.top() + Look::rowPadding;
-    const QStringList& lines = item->lines();
+    const QStringList& lines = look.lines;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         painter->setFont(lineFont(i));
         painter->setPen(i == 0 ? color.text : color.quiet);
         const int height = painter->fontMetrics().height();
-        drawLine(*painter, QRect(area.left(), top, area.width(), height), lines[i], offset);
+        drawLine(*painter, QRect(area.left(), top, area.width(), height), lines[i], look.offset);
         top += height + Look::lineGap;
     }
     painter->restore();
@@ -118,26 +118,32 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
 {
-    const qsizetype lines = std::max<qsizetype>(1, mList->item(index.row())->lines().size());
+    const qsizetype lines = std::max<qsizetype>(1, mLookOf(index).lines.size());
     static const int first = QFontMetrics(lineFont(0)).height();
     static const int further = QFontMetrics(lineFont(1)).height() + Look::lineGap;
     return {Look::margin, 2 * Look::rowPadding + first + static_cast<int>(lines - 1) * further};
 }
 
-int RowDelegate::runLength(const QModelIndex& index) const
+bool RowDelegate::isWhollyVisible(const QRect& row) const
 {
-    const UListItem* item = mList->item(index.row());
-    if (!item)
-        return 0;
-    int widest = 0;
-    for (qsizetype i = 0; i < item->lines().size(); ++i)
-        widest = std::max(widest, QFontMetrics(lineFont(i)).horizontalAdvance(item->lines()[i]));
-    return widest > textArea(mList->visualRect(index)).width() ? widest + marqueeGap : 0;
+    const int height = mList->viewport()->height();
+    return row.top() >= 0 && (row.bottom() < height || row.height() > height);
 }
 
-QRect RowDelegate::textArea(const QRect& row) const
+int RowDelegate::runLength(const QModelIndex& index) const
 {
-    const int mark = mList->isRadio() ? Look::radioSize + Look::margin : 0;
+    if (!index.isValid())
+        return 0;
+    const RowLook look = mLookOf(index);
+    int widest = 0;
+    for (qsizetype i = 0; i < look.lines.size(); ++i)
+        widest = std::max(widest, QFontMetrics(lineFont(i)).horizontalAdvance(look.lines[i]));
+    return widest > textArea(mList->visualRect(index), look.radio.has_value()).width() ? widest + marqueeGap : 0;
+}
+
+QRect RowDelegate::textArea(const QRect& row, bool hasRadio) const
+{
+    const int mark = hasRadio ? Look::radioSize + Look::margin : 0;
     const QRect area = row.adjusted(Look::margin + mark, 0, -Look::margin, 0);
     return QStyle::visualRect(mList->layoutDirection(), row, area);
 }

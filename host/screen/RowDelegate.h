@@ -1,25 +1,45 @@
 #pragma once
 
+#include <QStringList>
 #include <QStyledItemDelegate>
 
-class UListBox;
+#include <functional>
+#include <optional>
 
-// Draws the rows of a UListBox and knows how much room they take.
+class QAbstractItemView;
+
+// What a row of a list looks like now.
+struct RowLook
+{
+    QStringList lines;
+    bool isEnabled = true;
+    bool isHighlighted = false;
+    std::optional<bool> radio; // whether its mark is set, where the list has marks
+    int offset = 0;            // how far its lines have run through, in pixels
+};
+
+// Draws the rows of a list and knows how much room they take. Belongs to the list.
 class RowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    explicit RowDelegate(UListBox* list);
+    using LookOf = std::function<RowLook(const QModelIndex& index)>;
+
+    RowDelegate(QAbstractItemView* list, LookOf lookOf);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+    // Only rows that have room to the last pixel are shown; the place of one that has not stays empty.
+    bool isWhollyVisible(const QRect& row) const;
 
     // Pixels that the row's lines move when they run through once, 0 when all of them fit.
     int runLength(const QModelIndex& index) const;
 
 private:
-    QRect textArea(const QRect& row) const;
+    QRect textArea(const QRect& row, bool hasRadio) const;
 
-    UListBox* mList;
+    QAbstractItemView* mList;
+    const LookOf mLookOf;
 };

@@ -3,22 +3,13 @@
 #include "OperatorPack.h"
 #include "Scene.h"
 #include "Sqlite.h"
+#include "StoreStatus.h"
 
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-// Status of a store operation; 0 is success. The numbers are what log lines show, so they stay.
-enum StoreStatus {
-    STORE_OK = 0,
-    STORE_NOT_FOUND = 1,
-    STORE_WRONG_TYPE = 2,
-    STORE_UNWRITABLE = 3, // read-only, full, or without a file
-    STORE_BUSY = 4,       // another process held the write lock for too long
-    STORE_FAILED = 5,     // the file answered with any other error
-};
 
 // The one SQLite file of the service core: settings in two layers, the facts of the device, the channels and
 // the operator profiles. Strings are UTF-8. All operations run on the calling thread and return a StoreStatus

@@ -171,6 +171,10 @@ Attempt fillOrCheck(Sqlite::Connection& connection, const StoreSchema::Found& fo
     switch (found.kind) {
     case StoreSchema::Found::Ours:
         return checkContent(connection);
+    case StoreSchema::Found::Older:
+        if (const Attempt attempt = checkContent(connection); attempt.result != Attempt::Usable)
+            return attempt;
+        return attemptOf(StoreSchema::bringUpToDate(connection));
     case StoreSchema::Found::Newer:
         return {Attempt::Unusable, "has the newer schema " + std::to_string(found.version)};
     case StoreSchema::Found::Foreign:

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "CoreStore.h"
 #include "Log.h"
+#include "OperatorPack.h"
+#include "Scene.h"
 #include "Sqlite.h"
+#include "StoreStatus.h"
 
 #include <sqlite3.h>
 

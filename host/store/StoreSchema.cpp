@@ -8,17 +8,22 @@
 
 namespace {
 
-// `type` is the index of the alternative in SettingValue, `layer` the value of CoreStore::Layer.
-constexpr const char* tables[] = {
+// `type` is the index of the alternative in SettingValue, `layer` the value of CoreStore::Layer. The keys of the settings
+// stand in an index of their own: in one with the values, a search would copy every long value that it passes.
+constexpr char settingTable[] =
     R"sql(CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer INTEGER NOT NULL,
-                         type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID)sql",
+                         type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)))sql";
+constexpr char oldSettingTable[] = // version 1
+    R"sql(CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer INTEGER NOT NULL,
+                         type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID)sql";
+constexpr const char* otherTables[] = {
     R"sql(CREATE TABLE fact(name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID)sql",
     R"sql(CREATE TABLE channel(position INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, title TEXT))sql",
     R"sql(CREATE TABLE profile(position INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, name TEXT NOT NULL,
                          selectable INTEGER NOT NULL, current INTEGER NOT NULL DEFAULT 0))sql",
 };
-constexpr char setVersion[] = "PRAGMA user_version = 1";
-static_assert(StoreSchema::version == 1, "the line above sets it");
+constexpr char setVersion[] = "PRAGMA user_version = 2";
+static_assert(StoreSchema::version == 2, "the line above sets it");
 
 const Sqlite::Result ok(SQLITE_OK);
 
@@ -26,6 +31,14 @@ const Sqlite::Result ok(SQLITE_OK);
 QString inOneLine(std::string_view sql)
 {
     return QString::fromUtf8(sql.data(), static_cast<qsizetype>(sql.size())).simplified();
+}
+
+std::multiset<QString> statementsOf(const char* settings)
+{
+    std::multiset<QString> statements = {inOneLine(settings)};
+    for (const char* table : otherTables)
+        statements.insert(inOneLine(table));
+    return statements;
 }
 
 Sqlite::Result readVersion(Sqlite::Connection& connection, int& found)
@@ -109,16 +122,15 @@ namespace StoreSchema {
 
 Sqlite::Result classify(Sqlite::Connection& connection, Found& found)
 {
-    std::multiset<QString> ours, statements;
-    for (const char* table : tables)
-        ours.insert(inOneLine(table));
+    std::multiset<QString> statements;
     Sqlite::Result result = readVersion(connection, found.version);
     if (result.isOk())
         result = readStatements(connection, statements);
-    found.kind = found.version > version                          ? Found::Newer
-                 : found.version == 0 && statements.empty()       ? Found::Unused
-                 : found.version == version && statements == ours ? Found::Ours
-                                                                  : Found::Foreign;
+    found.kind = found.version > version                                                ? Found::Newer
+                 : found.version == 0 && statements.empty()                             ? Found::Unused
+                 : found.version == version && statements == statementsOf(settingTable) ? Found::Ours
+                 : found.version == 1 && statements == statementsOf(oldSettingTable)    ? Found::Older
+                                                                                        : Found::Foreign;
     return result;
 }
 
@@ -131,13 +143,36 @@ Sqlite::Result create(Sqlite::Connection& connection, const OperatorPack& pack)
         result = readVersion(connection, found);
     if (!result.isOk() || found != 0)
         return result;
-    for (const char* table : tables)
+    result = connection.execute(settingTable);
+    for (const char* table : otherTables)
         if (result.isOk())
             result = connection.execute(table);
     if (result.isOk())
         result = connection.execute(setVersion);
     if (result.isOk())
         result = writePack(connection, pack);
+    return result.isOk() ? transaction.commit() : result;
+}
+
+Sqlite::Result bringUpToDate(Sqlite::Connection& connection)
+{
+    const char* const steps[] = {
+        "ALTER TABLE setting RENAME TO old_setting",
+        settingTable,
+        "INSERT INTO setting SELECT grp, key, layer, type, value FROM old_setting",
+        "DROP TABLE old_setting",
+        setVersion,
+    };
+    Sqlite::Transaction transaction(connection);
+    int found = 0;
+    Sqlite::Result result = transaction.begun();
+    if (result.isOk())
+        result = readVersion(connection, found);
+    if (!result.isOk() || found == version)
+        return result;
+    for (const char* step : steps)
+        if (result.isOk())
+            result = connection.execute(step);
     return result.isOk() ? transaction.commit() : result;
 }
 

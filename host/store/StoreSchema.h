@@ -8,12 +8,12 @@
 // files up to it; a file of a newer version is left to the newer program.
 namespace StoreSchema {
 
-constexpr int version = 1;
+constexpr int version = 2;
 
 // What a file is, by its schema, and the version that it carries.
 struct Found
 {
-    enum Kind { Unused, Ours, Newer, Foreign } kind = Unused;
+    enum Kind { Unused, Ours, Older, Newer, Foreign } kind = Unused;
     int version = 0;
 };
 
@@ -23,6 +23,10 @@ Sqlite::Result classify(Sqlite::Connection& connection, Found& found);
 // Makes the tables, all or nothing, and fills them from `pack`; a file that another process has filled
 // meanwhile is left as it is.
 Sqlite::Result create(Sqlite::Connection& connection, const OperatorPack& pack);
+
+// Brings an older file up to this version, all or nothing; one that another process has brought there meanwhile is left as
+// it is.
+Sqlite::Result bringUpToDate(Sqlite::Connection& connection);
 
 // Each of these belongs inside the caller's transaction.
 

@@ -7,14 +7,16 @@
 class SoftKeyEvent : public QEvent
 {
 public:
-    static QEvent::Type type();
+    static QEvent::Type type()
+    {
+        static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
+        return type;
+    }
 
     // `key` is USoftKey::Left or USoftKey::Right.
     explicit SoftKeyEvent(int key) : QEvent(type()), mKey(key) {}
 
     int key() const { return mKey; }
-    // As UKeyObject has them.
-    int code() const;
 
 private:
     int mKey;

@@ -60,6 +60,8 @@ UApplication::UApplication(int& argc, char** argv, Type /*type*/)
                   "fonts-dejavu-core");
     loadFixedTexts();
     mScreen = std::make_unique<PhoneScreen>();
+    connect(mScreen.get(), &PhoneScreen::redKeyPressed, this, [this] { emit askReturnToIdle(0); });
+    connect(mScreen.get(), &PhoneScreen::closedByPerson, this, [this] { returnToIdleLater(0); });
     HostBus::subscribe(BusSignals::returnToIdle, this, [this](const HostBus::Message& message) {
         if (mScreen->isEmpty())
             logger(3, "a return to idle is dropped: nothing is shown yet");
@@ -92,7 +94,7 @@ void UApplication::repaintScreen()
 
 void UApplication::dropEarlyInput()
 {
-    mScreen->dropEarlyInput();
+    mScreen->keys().dropEarlyInput();
 }
 
 void UApplication::returnToIdleLater(int reason)

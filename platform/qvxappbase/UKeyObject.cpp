@@ -2,6 +2,7 @@
 
 #include "SoftKeyEvent.h"
 #include "UPopup.h"
+#include "USoftKey.h"
 
 UKeyObject::UKeyObject(QWidget* watched, QObject* /*receiver*/, const char* name)
 {
@@ -23,7 +24,7 @@ bool UKeyObject::eventFilter(QObject* /*watched*/, QEvent* event)
 {
     if (event->type() != SoftKeyEvent::type())
         return false;
-    const int code = static_cast<SoftKeyEvent*>(event)->code();
+    const int code = static_cast<SoftKeyEvent*>(event)->key() == USoftKey::Left ? leftSoftKey : rightSoftKey;
     if (!mCodes.contains(code))
         return false;
     report(code);

@@ -14,7 +14,7 @@
 #include <algorithm>
 
 UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int /*skin*/)
-    : QListWidget(parent), mRows(new RowDelegate(this))
+    : QListWidget(parent), mRows(new RowDelegate(this, [this](const QModelIndex& index) { return lookOf(index); }))
 {
     setItemDelegate(mRows);
     setFrameShape(NoFrame);
@@ -108,14 +108,20 @@ int UListBox::radioItemChecked() const
     return mChecked;
 }
 
-int UListBox::marqueeOffset(const QModelIndex& index) const
+RowLook UListBox::lookOf(const QModelIndex& index) const
 {
-    return mMarquee && index == currentIndex() ? mMarquee->offset() : 0;
+    const UListItem* row = item(index.row());
+    const bool isHighlighted = index == currentIndex();
+    return {.lines = row->lines(),
+            .isEnabled = row->isEnabled(),
+            .isHighlighted = isHighlighted,
+            .radio = mRadio ? std::optional(index.row() == mChecked) : std::nullopt,
+            .offset = mMarquee && isHighlighted ? mMarquee->offset() : 0};
 }
 
 bool UListBox::isWhollyVisible(const QRect& row) const
 {
-    return row.top() >= 0 && (row.bottom() < viewport()->height() || row.height() > viewport()->height());
+    return mRows->isWhollyVisible(row);
 }
 
 // As high as its rows, for whoever wants to show them all.

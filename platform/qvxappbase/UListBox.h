@@ -4,6 +4,7 @@
 
 class Marquee;
 class RowDelegate;
+struct RowLook;
 class UListItem;
 
 // A list of rows, one of them highlighted. It owns its rows.
@@ -41,8 +42,8 @@ public:
     // The row with the radio mark, -1 when there is none.
     int radioItemChecked() const;
 
-    // How far the marquee has moved `index`'s lines, in pixels.
-    int marqueeOffset(const QModelIndex& index) const;
+    // What a row looks like now, which its delegate draws.
+    RowLook lookOf(const QModelIndex& index) const;
 
     // Only rows that have room to the last pixel are shown; the place of one that has not stays empty.
     bool isWhollyVisible(const QRect& row) const;

@@ -78,7 +78,7 @@ void UMainWidget::resizeEvent(QResizeEvent* /*event*/)
 
 void UMainWidget::keyPressEvent(QKeyEvent* event)
 {
-    const std::optional<USoftKey::Key> key = PhoneKeys::softKey(*event);
+    const std::optional<PhoneKeys::SoftKey> key = PhoneKeys::softKey(*event);
     if (!key || !mSoftKeyBar) {
         event->ignore();
         return;

@@ -129,8 +129,8 @@ void UPopup::resizeEvent(QResizeEvent* /*event*/)
 
 void UPopup::keyPressEvent(QKeyEvent* event)
 {
-    const std::optional<USoftKey::Key> key =
-        PhoneKeys::isSelect(*event) ? USoftKey::Left : PhoneKeys::softKey(*event);
+    const std::optional<PhoneKeys::SoftKey> key =
+        PhoneKeys::isSelect(*event) ? PhoneKeys::Left : PhoneKeys::softKey(*event);
     if (!key) {
         event->ignore();
         return;

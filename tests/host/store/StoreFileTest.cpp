@@ -139,6 +139,25 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
     }
 }
 
+TEST_F(StoreFileTest, AFileOfAnEarlierProgramIsBroughtUpToDate)
+{
+    makeStore();
+    sql("ALTER TABLE setting RENAME TO s; CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer "
+        "INTEGER NOT "
+        "NULL, type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID; INSERT INTO "
+        "setting "
+        "SELECT * FROM s; DROP TABLE s; PRAGMA user_version = 1");
+    for (int start = 0; start < 2; ++start) {
+        const LogCapture log;
+        CoreStore store(path());
+        SettingValue value;
+        EXPECT_EQ(store.read(menu, "mine", value), STORE_OK);
+        EXPECT_EQ(store.write(menu, "mine", 7), STORE_OK);
+        EXPECT_EQ(log.text(), "");
+    }
+    EXPECT_FALSE(isSetAside(1));
+}
+
 TEST_F(StoreFileTest, AValueThatNoSettingCanHaveIsOfAWrongType)
 {
     makeStore();
