@@ -1,5 +1,6 @@
 #include "MemoryFile.h"
 
+#include "ListText.h"
 #include "PrivateFile.h"
 #include "StatusValues.h"
 
@@ -22,8 +23,10 @@ void load(const char* path, StatusValues::State& state)
 
 void save(const char* path, const StatusValues::State& state)
 {
-    PrivateFile::write(path, state.totalMemoryText + '\n' + state.freeMemoryText + '\n' + state.usedMemoryText +
-                                 '\n');
+    std::string lines;
+    for (const std::string& text : {state.totalMemoryText, state.freeMemoryText, state.usedMemoryText})
+        lines += ListText::oneLine(text) + '\n'; // or the next run takes its rest for the next text
+    PrivateFile::write(path, lines);
 }
 
 } // namespace MemoryFile

@@ -44,12 +44,12 @@ bool isSmall(const QVariant& argument)
 
 void BusEntrance::receive(const QDBusMessage& message)
 {
-    if (message.signature() != mSignature)
+    if (message.signature() != mSignal.signature)
         return refuse(message, "its arguments are others");
     HostBus::Message content = {message.path(), {}, mMayBeService(message.service())};
     for (const QVariant& argument : message.arguments())
         content.arguments.push_back(plain(argument));
-    if (!std::all_of(content.arguments.begin(), content.arguments.end(), isSmall))
+    if (mSignal.isBounded && !std::all_of(content.arguments.begin(), content.arguments.end(), isSmall))
         return refuse(message, "it is too large");
     mReceive(content);
 }

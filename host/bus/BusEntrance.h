@@ -14,10 +14,10 @@ class BusEntrance : public QObject
 public:
     using MayBeService = bool (*)(const QString& sender);
 
-    BusEntrance(const QString& signature, HostBus::Receiver receive, HostBus::RefusedReceiver refused,
+    BusEntrance(const BusSignal& signal, HostBus::Receiver receive, HostBus::RefusedReceiver refused,
                 MayBeService mayBeService, QObject* parent)
         : QObject(parent),
-          mSignature(signature),
+          mSignal(signal),
           mReceive(std::move(receive)),
           mRefused(std::move(refused)),
           mMayBeService(mayBeService)
@@ -30,7 +30,7 @@ public slots:
 private:
     void refuse(const QDBusMessage& message, const char* reason) const;
 
-    const QString mSignature;
+    const BusSignal mSignal;
     const HostBus::Receiver mReceive;
     const HostBus::RefusedReceiver mRefused;
     const MayBeService mMayBeService;

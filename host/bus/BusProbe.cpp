@@ -113,6 +113,8 @@ bool isBusAnswering(const QByteArray& addresses, int milliseconds)
     for (const QByteArray& address : addresses.split(';')) {
         sockaddr_un socket = {AF_UNIX, {}};
         const socklen_t size = socketOf(address, socket);
+        if (size == 0 && !address.isEmpty())
+            return false;
         const Greeting greeting(milliseconds);
         if (size > 0 && greeting.connectTo(socket, size))
             return greeting.isAnswered();

@@ -12,7 +12,8 @@ struct BusSignal
     QString path; // empty: each at a path of its own
     QString interface;
     QString name;
-    QString signature; // exactly that of its arguments
+    QString signature;     // exactly that of its arguments
+    bool isBounded = true; // false: how large it is does not matter, for nobody reads what it says
 };
 
 namespace BusSignals {
@@ -22,7 +23,7 @@ inline const BusSignal event = {QStringLiteral("/Vistane/Events"), QStringLitera
                                 QStringLiteral("Event"), QStringLiteral("sia{ss}bsi")};
 // A channel's message: its text and its data, at the path that is the channel's name.
 inline const BusSignal channel = {
-    {}, QStringLiteral("org.vistane.QCop1"), QStringLiteral("Received"), QStringLiteral("say")};
+    {}, QStringLiteral("org.vistane.QCop1"), QStringLiteral("Received"), QStringLiteral("say"), false};
 // A request to other applications: operation, arguments as text.
 inline const BusSignal request = {QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
                                   QStringLiteral("Request"), QStringLiteral("sas")};

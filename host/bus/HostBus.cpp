@@ -107,7 +107,7 @@ bool subscribe(const BusSignal& signal, QObject* context, Receiver receive, Refu
     if (!isConnected())
         return false;
     auto* entrance = new BusEntrance(
-        signal.signature, std::move(receive), std::move(refused),
+        signal, std::move(receive), std::move(refused),
         [](const QString& sender) { return watch().mayBeService(sender); }, context);
     return bus().connect(QString(), signal.path, signal.interface, signal.name, entrance,
                          SLOT(receive(QDBusMessage)));

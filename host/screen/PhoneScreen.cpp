@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "PhoneKeys.h"
+#include "Text.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -31,7 +32,7 @@ QSize screenSize()
     if (isUsable(size.width()) && isUsable(size.height()))
         return size;
     logger(3, "VISTANE_SCREEN is %s, but a size such as 240x320 is wanted; taking that",
-           qUtf8Printable(wanted));
+           Text::withoutControls(wanted.left(100).toStdString()).c_str());
     return defaultSize;
 }
 

@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "StoreSchema.h"
+#include "Text.h"
 
 #include <QByteArray>
 #include <QUrl>
@@ -252,7 +253,8 @@ bool StoreFile::open(const std::string& path, Sqlite::Connection& connection, in
     noteLog();
     if (onDisk)
         return true;
-    logger(3, "%s %s: using the built-in pack, and no change will be saved", path.c_str(), reason.c_str());
+    logger(3, "%s %s: using the built-in pack, and no change will be saved",
+           Text::withoutControls(path).c_str(), reason.c_str());
     (void)connection.open(":memory:", SQLITE_OPEN_READWRITE);
     (void)StoreSchema::create(connection, OperatorPack::builtIn());
     (void)connection.execute("PRAGMA query_only = ON");
@@ -278,8 +280,8 @@ bool StoreFile::openOnDisk(Sqlite::Connection& connection, int patience, std::st
         const std::string name = setAside(mPath);
         if (name.empty())
             return false;
-        logger(3, "%s %s: kept as %s, starting anew from the built-in pack", mPath.c_str(), reason.c_str(),
-               name.c_str());
+        logger(3, "%s %s: kept as %s, starting anew from the built-in pack",
+               Text::withoutControls(mPath).c_str(), reason.c_str(), Text::withoutControls(name).c_str());
         ::close(std::exchange(mFile, -1));
     }
 }
@@ -291,7 +293,7 @@ bool StoreFile::isReplaced(Sqlite::Connection& connection) const
     connection.closeUntouched();
     if (mLog != 0 && inodeOf(mPath + logs[0]) == mLog)
         setCompanionsAside(mPath, freeName(mPath));
-    logger(3, "%s was replaced: using the new one", mPath.c_str());
+    logger(3, "%s was replaced: using the new one", Text::withoutControls(mPath).c_str());
     return true;
 }
 

@@ -118,7 +118,7 @@ TEST(HostBus, NothingButTheVerySignatureIsLetIn)
     stranger.send(BusSignals::request, {"loadURL", QStringList(HostBus::mostElements + 1)});
     stranger.flush();
     HostBus::deliverPending(&context);
-    EXPECT_EQ(letIn, 2);
+    EXPECT_EQ(letIn, 3);
 }
 
 TEST(HostBus, WhoIsNoServiceCannotPlayOne)
@@ -162,10 +162,11 @@ TEST(HostBus, ABusThatKeepsSilentIsNone)
     EXPECT_TRUE(isBusAnswering("unix:path=" + path, 100)) << "who refuses is not waited for";
     ASSERT_EQ(listen(listener, 0), 0);
     const QByteArray silent = "unix:guid=0123,path=" + path, real = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    for (const QByteArray& address : {silent, silent, "unix:path=/nowhere;" + silent, "tcp:host=h;" + silent})
+    for (const QByteArray& address : {silent, silent, "unix:path=/nowhere;" + silent, QByteArray("tcp:host=h,port=1"),
+                                      QByteArray("autolaunch:"), QByteArray("unix:=,path;;=")})
         EXPECT_FALSE(isBusAnswering(address, 100)) << address.constData();
     for (const QByteArray& address : {real, "unix:path=/nowhere;" + real, QByteArray("unix:path=/nowhere"),
-                                      QByteArray("autolaunch:"), QByteArray(), QByteArray("unix:=,path;;=")})
+                                      QByteArray()})
         EXPECT_TRUE(isBusAnswering(address, 60'000)) << address.constData();
     close(listener);
 }
