@@ -1,10 +1,13 @@
 # One module: a static library of every source in the calling folder, its headers included by bare name.
-#   vistane_module(NAME [LIBRARY...])   the libraries that its headers or sources use
+#   vistane_module(NAME [LIBRARY...] [HOST LIBRARY...])
+# The libraries that its headers or sources use; those of HOST only its sources, so that whoever uses the module does not
+# see their headers.
 function(vistane_module name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HOST")
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-    target_link_libraries(${name} PUBLIC ${ARGN})
+    target_link_libraries(${name} PUBLIC ${arg_UNPARSED_ARGUMENTS} PRIVATE ${arg_HOST})
 endfunction()
 
 # One test program, each of its cases a ctest of its own, named NAME.Suite.Case, on a session bus of its own and

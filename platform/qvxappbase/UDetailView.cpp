@@ -4,6 +4,7 @@
 #include "Look.h"
 #include "ScrollMark.h"
 #include "UDetailItem.h"
+#include "WrappedText.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -21,10 +22,14 @@ QFont lineFont(bool isHeading)
 
 } // namespace
 
-UDetailView::Line::Line(const QString& text, bool isHeading)
-    : text(text, lineFont(isHeading)), isHeading(isHeading)
+struct UDetailView::Line
 {
-}
+    WrappedText text;
+    bool isHeading;
+    int top = 0;
+
+    Line(const QString& line, bool isHeading) : text(line, lineFont(isHeading)), isHeading(isHeading) {}
+};
 
 UDetailView::UDetailView(QWidget* parent, int /*flags*/, int /*skin*/) : QAbstractScrollArea(parent)
 {
@@ -55,7 +60,8 @@ void UDetailView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(viewport());
     const int scrolled = verticalScrollBar()->value();
     const int bottom = viewport()->height();
-    for (const Line& line : mLines) {
+    for (const auto& owned : mLines) {
+        const Line& line = *owned;
         const int top = line.top - scrolled;
         if (top >= bottom)
             break;
@@ -100,14 +106,15 @@ void UDetailView::layOut()
     QStringList texts;
     for (const auto& item : mItems) {
         texts += item->label();
-        mLines.emplace_back(item->label(), true);
+        mLines.push_back(std::make_unique<Line>(item->label(), true));
         for (const QString& row : item->rows())
-            mLines.emplace_back(row, false);
+            mLines.push_back(std::make_unique<Line>(row, false));
         texts += item->rows();
     }
     setAccessibleDescription(texts.join(QLatin1Char('\n')));
     int top = 0;
-    for (Line& line : mLines) {
+    for (const auto& owned : mLines) {
+        Line& line = *owned;
         line.text.wrap(viewport()->width() - 2 * Look::margin);
         top += line.isHeading ? Look::groupGap : 0;
         line.top = top;

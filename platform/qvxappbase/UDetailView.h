@@ -1,10 +1,7 @@
 #pragma once
 
-#include "WrappedText.h"
-
 #include <QAbstractScrollArea>
 
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -34,19 +31,12 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    struct Line
-    {
-        WrappedText text;
-        bool isHeading;
-        int top = 0;
-
-        Line(const QString& text, bool isHeading);
-    };
+    struct Line;
 
     void scheduleLayout();
     void layOut();
 
     std::vector<std::unique_ptr<UDetailItem>> mItems;
-    std::deque<Line> mLines; // of the last layOut()
+    std::vector<std::unique_ptr<Line>> mLines; // of the last layOut()
     bool mLayoutDue = false;
 };
