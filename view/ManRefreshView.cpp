@@ -37,6 +37,15 @@ bool isNotice(RefreshState state)
     return state == RefreshState::DOWN_SUCCESS || state == RefreshState::QUEUE_ERROR;
 }
 
+// Of progress that waits, only the last is news.
+void append(std::deque<RefreshState>& queue, RefreshState state)
+{
+    if (!queue.empty() && isProgress(queue.back()) && isProgress(state))
+        queue.back() = state;
+    else
+        queue.push_back(state);
+}
+
 QString menuText(const char* key)
 {
     return QString::fromUtf8(getStringSetting(GROUP_MENU, key));
@@ -111,11 +120,7 @@ void ManRefreshView::scheduleDlg(State state)
 {
     if (isHide)
         return;
-    // Of progress that waits for a timer, only the last is news.
-    if (!mWaiting.empty() && isProgress(mWaiting.back()) && isProgress(state))
-        mWaiting.back() = state;
-    else
-        mWaiting.push_back(state);
+    append(mWaiting, state);
     startTimers();
     if (state == State::CONNECTING)
         UApplication::instance()->wakeUpGuiThread();
@@ -128,8 +133,8 @@ void ManRefreshView::startTimers()
             mTimerStates[timer] = mWaiting.front();
 }
 
-// Timers fire in the order of their start.
-// The dialog may run an event loop in which further timers fire, so this one is forgotten first.
+// Timers fire in the order of their start. The dialog may run an event loop in which further timers fire, so this one is
+// forgotten first.
 void ManRefreshView::timerEvent(QTimerEvent* event)
 {
     killTimer(event->timerId());
@@ -142,7 +147,7 @@ void ManRefreshView::timerEvent(QTimerEvent* event)
         logger(8, "timerid not found:%d", event->timerId());
         return;
     }
-    mDue.push_back(waiting->second);
+    append(mDue, waiting->second);
     mTimerStates.erase(waiting);
     startTimers();
     showDue();
