@@ -70,7 +70,7 @@ READ_MORE_API;SET_API;MEMORY_API;next_channel)")) {
 
 TEST(ApiProvider, FollowsTheServiceAndSavesTheMemoryTexts)
 {
-    const FileLock lock(MemoryFile::defaultPath);
+    const KeptFile kept(MemoryFile::defaultPath);
     PrivateFile::write(MemoryFile::defaultPath, "1 M\n2 M\n3 M\n");
     StatusValues::State& state = StatusValues::state() = {};
     const Vt_Event started(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_STARTED);
@@ -89,7 +89,6 @@ TEST(ApiProvider, FollowsTheServiceAndSavesTheMemoryTexts)
         EXPECT_TRUE(QTest::qWaitFor([&] { return state.freeMemoryText == "9 M"; }));
     }
     EXPECT_EQ(PrivateFile::read(MemoryFile::defaultPath), "1 M\n9 M\n3 M\n");
-    std::remove(MemoryFile::defaultPath);
     // What comes now must not go to the provider that is gone.
     BusListener bus(BusSignals::event);
     for (const Vt_Event& event : {started, completed, storage})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <fcntl.h>
 #include <string>
 #include <sys/file.h>
@@ -20,4 +21,27 @@ public:
 
 private:
     int mFile;
+};
+
+// Moves such a file of the user's out of the way while it lives, and back over whatever is there in the end. What a
+// test that was killed left aside, the next one moves back.
+class KeptFile : FileLock
+{
+public:
+    explicit KeptFile(const char* path) : FileLock(path), mPath(path), mAside(std::string(path) + ".test-kept")
+    {
+        if (access(mAside.c_str(), F_OK) == 0)
+            std::remove(path);
+        else
+            std::rename(path, mAside.c_str());
+    }
+    ~KeptFile()
+    {
+        std::remove(mPath);
+        std::rename(mAside.c_str(), mPath);
+    }
+
+private:
+    const char* const mPath;
+    const std::string mAside;
 };
