@@ -98,8 +98,8 @@ TEST(Entries, AnswerFromTheirOwnKeys)
         if (kind == "action")
             static_cast<ActionEntry*>(entry)->invoke();
         EXPECT_EQ(bus.take().size(), kind == "action");
-        EXPECT_TRUE(kind != "form" ||
-                    (entry->valueText() != "" && formOf(name)->setValue(formOf(name)->currentIndex() == 0)));
+        FormEntry* form = kind == "form" ? formOf(name) : nullptr;
+        EXPECT_TRUE(!form || (entry->valueText() != "" && form->setValue(form->currentIndex() == 0)));
         for (int selected : {1, 2, -1, 0}) {
             setIntSetting(GROUP_MENU, "ProfileSelected", selected);
             EXPECT_EQ(entry->isEnabled(), !(greys == "p" && selected == 1)) << selected;

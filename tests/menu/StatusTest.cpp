@@ -33,23 +33,19 @@ TEST(ApiRegistry, CallsWhatANameWasGivenLast)
     apis.add("Test.b", ApiRegistry::Action([] { called += "act "; }));
     apis.add("Test.b", ApiRegistry::Setter([](int i) { called += std::to_string(i); }));
     apis.add("Test.b", ApiRegistry::HidePredicate([] { return true; }));
+    const LogCapture log;
     for (const std::string name : {"Test.b", "Test.a", "Test.c", "test.b", "", "zzz"}) {
-        SCOPED_TRACE(name);
         const bool isKnown = name == "Test.b";
-        const LogCapture log;
         called.clear();
-        EXPECT_EQ(apis.text(name), isKnown ? "text" : "");
-        EXPECT_EQ(apis.isHidden(name), isKnown);
+        EXPECT_EQ(apis.text(name), isKnown ? "text" : "") << name;
+        EXPECT_EQ(apis.isHidden(name), isKnown) << name;
         ActionEntry entry(name, "label");
         EXPECT_TRUE(!entry.isHidden() && entry.isEnabled() && entry.label() == "label");
-        entry.invoke(7);
-        entry.invoke();
-        entry.mArgMode = 1;
-        entry.invoke();
-        entry.invoke(8);
-        EXPECT_EQ(called, isKnown ? "act 8" : "");
-        EXPECT_EQ(log.text(), "");
+        for (entry.mArgMode = 0; entry.mArgMode < 2; ++entry.mArgMode)
+            entry.invoke(7 + entry.mArgMode), entry.invoke();
+        EXPECT_EQ(called, isKnown ? "act 8" : "") << name;
     }
+    EXPECT_EQ(log.text(), "");
 }
 
 TEST(ApiProvider, SendsTheEventOfEachAction)
@@ -107,22 +103,14 @@ TEST(MemoryFile, ReadsTheLinesThereAre)
         PrivateFile::write(path.c_str(), lines);
         StatusValues::State state;
         MemoryFile::load(path.c_str(), state);
-        EXPECT_TRUE(state.totalMemoryText == total && state.freeMemoryText == free &&
-                    state.usedMemoryText == used)
-            << text;
+        EXPECT_EQ(state.totalMemoryText + '|' + state.freeMemoryText + '|' + state.usedMemoryText,
+                  total + '|' + free + '|' + used);
     }
 }
 
-class StatusValuesTest : public testing::Test
+TEST(StatusValues, TellsTheLastConnection)
 {
-protected:
-    StatusValuesTest() { StatusValues::state() = {}; }
-
-    MenuStore mStore{MenuStore::KEYS};
-};
-
-TEST_F(StatusValuesTest, TellsTheLastConnection)
-{
+    MenuStore menu(MenuStore::KEYS);
     const std::string longLabel(300, 'x');
     setStringSetting(GROUP_MENU, "Details.WrongVersionLabel", longLabel);
     for (const auto& [seconds, zone, result, date, label] : table<5>(R"(
@@ -139,7 +127,7 @@ TEST_F(StatusValuesTest, TellsTheLastConnection)
 }
 
 // A character can become a line feed when it is cut to its low 16 bits.
-TEST_F(StatusValuesTest, ListsEachNameOnALineOfItsOwn)
+TEST(StatusValues, ListsEachNameOnALineOfItsOwn)
 {
     TestStore store(R"({"settings": {"VtCore.Menu": {"Details.ChannelsLabel": "قنوات"}},
                         "channels": [{"id": "a", "title": "أخبار"}, {"id": "unfetched"},
@@ -157,26 +145,23 @@ TEST_F(StatusValuesTest, ListsEachNameOnALineOfItsOwn)
     EXPECT_EQ(StatusValues::subscription() + ProfileChoice::list() + ProfileChoice::current(), "");
 }
 
-TEST_F(StatusValuesTest, TellsWhetherThePhoneRoamsAndDownloads)
+TEST(StatusValues, TellsWhetherThePhoneRoamsAndDownloads)
 {
+    MenuStore menu(MenuStore::KEYS);
+    StatusValues::state() = {};
     const std::string unknown = "Can not get Download Mode";
     // The download option, the facts roaming and friendly, of which an empty one is a query that fails, and what is told.
     for (const auto& [option, roaming, friendly, status, mode, activity] : table<6>(R"(
--1|0||Roaming.NonRoamingLabel||Details.InactiveLabel
-0|1|true|Roaming.NonRoamingLabel|Download.AlwaysLabel|Details.IdleLabel
-1||false|Roaming.NonRoamingLabel|Download.HomeLabel|Details.IdleLabel
-1|1|true|Roaming.NonRoamingLabel|Download.HomeLabel|Details.IdleLabel
-1|-1|false|Roaming.RoamingLabel|Download.HomeLabel|Details.InactiveLabel
-1|1||Can not get Roaming status|Download.HomeLabel|Details.InactiveLabel
-2|0|false|Roaming.NonRoamingLabel|Download.NeverLabel|Details.NeverLabel
-3|0|false|Roaming.NonRoamingLabel||Details.InactiveLabel)")) {
+-1|0||NonRoaming||Inactive;0|1|true|NonRoaming|Always|Idle;1||false|NonRoaming|Home|Idle;1|1|true|NonRoaming|Home|Idle
+1|-1|false|Roaming|Home|Inactive;1|1|||Home|Inactive;2|0|false|NonRoaming|Never|Never;3|0|false|NonRoaming||Inactive)")) {
         SCOPED_TRACE(option + "/" + roaming);
         setIntSetting(GROUP_SERVICE, "DownloadOption", std::stoi(option));
         CoreStore::instance().setFact("roaming", roaming);
         CoreStore::instance().setFact("friendly", friendly);
-        EXPECT_EQ(StatusValues::roamingStatus(), status);
-        EXPECT_EQ(StatusValues::downloadMode(), mode.empty() ? unknown : mode);
-        EXPECT_EQ(StatusValues::activity(), activity);
+        EXPECT_EQ(StatusValues::roamingStatus(),
+                  status.empty() ? "Can not get Roaming status" : "Roaming." + status + "Label");
+        EXPECT_EQ(StatusValues::downloadMode(), mode.empty() ? unknown : "Download." + mode + "Label");
+        EXPECT_EQ(StatusValues::activity(), "Details." + activity + "Label");
         StatusValues::state().updateInProgress = true;
         EXPECT_EQ(StatusValues::activity(), "Details.DownloadingLabel");
         StatusValues::state().updateInProgress = false;
@@ -185,8 +170,10 @@ TEST_F(StatusValuesTest, TellsWhetherThePhoneRoamsAndDownloads)
     EXPECT_EQ(StatusValues::downloadMode(), unknown);
 }
 
-TEST_F(StatusValuesTest, FollowsTheStorageEvents)
+TEST(StatusValues, FollowsTheStorageEvents)
 {
+    MenuStore menu(MenuStore::KEYS);
+    StatusValues::state() = {};
     const std::string storage = NR_Constants::EVENT_NOTIFY_STORAGE_STATUS, huge(10000, 'x');
     StatusValues::follow(Vt_Event(storage));
     const auto after = [](const std::string& event, const Map& map) {

@@ -1,5 +1,6 @@
 #include "OperatorPack.h"
 #include "SettingGroups.h"
+#include "Table.h"
 #include "Vistanectl.h"
 
 #include <QFile>
@@ -7,23 +8,21 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
 
 namespace {
 
-using Edits = std::vector<std::pair<const char*, const char*>>; // a key, and its new value; null takes it away
-
-// What lint says of a shipped pack in which some values are others.
-Vistanectl::Result lint(const char* packName, const Edits& edits)
+// What lint says of a shipped pack in which some values are others: "key=new value/key that is taken away".
+Vistanectl::Result lint(const char* packName, const std::string& edits)
 {
     QFile file(QStringLiteral(SOURCE_DIR "/share/packs/") + packName);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     QString pack = file.readAll();
-    for (const auto& [key, value] : edits) {
+    for (const QString& edit : QString::fromStdString(edits).split('/', Qt::SkipEmptyParts)) {
+        const QString key = edit.section('=', 0, 0), value = edit.section('=', 1);
         const QRegularExpression setting("\"" + QRegularExpression::escape(key) + "\": (\".*\"|\\w+)");
-        EXPECT_TRUE(pack.contains(setting)) << key;
-        pack.replace(setting, value ? QStringLiteral("\"%1\": %2").arg(key, value) : "\"unused\": 0");
+        EXPECT_TRUE(pack.contains(setting)) << edits;
+        pack.replace(setting, value.isEmpty() ? "\"unused\": 0" : '"' + key + "\": " + value);
     }
     return Vistanectl(pack.toUtf8()).run({"lint"});
 }
@@ -32,43 +31,31 @@ Vistanectl::Result lint(const char* packName, const Edits& edits)
 
 TEST(Lint, NamesEveryFaultAndNothingElse)
 {
-    const char* const rootList = "SetupHeadlines.ChildIDs";
-    const char* const subList = "ConfigureHeadlines.ChildIDs";
-    const char* const success = "ManRefresh.Instruction.DownloadSuccessed";
-    const std::pair<Edits, std::string> cases[] = {
-        {{}, ""},
-        {{{rootList, R"(" Details,,Detials, details ,")"}},
-         "VtCore.Menu.SetupHeadlines.ChildIDs\tnames \"Detials\", which is no entry\n"
-         "VtCore.Menu.SetupHeadlines.ChildIDs\tnames \"details\", which is no entry\n"},
-        {{{subList, R"("Scrolling, SetupHeadlines")"}, {"SetupHeadlines.visible", nullptr}},
-         "VtCore.Menu.ConfigureHeadlines.ChildIDs\tnames \"SetupHeadlines\", which leads back to it\n"},
-        {{{rootList, R"(" ")"}}, "VtCore.Menu.SetupHeadlines.ChildIDs\tis empty\n"},
-        {{{rootList, R"("HowToUse")"}, {"HowToUse.visible", "false"}},
-         "VtCore.Menu.SetupHeadlines.ChildIDs\tnames no entry that is shown\n"},
-        // Only entries on the screen need their texts; of a shared one, any of its readers.
-        {{{"ConfigureHeadlines.visible", "false"},
-          {"Scrolling.title", nullptr},
-          {"Download.HomeLabel", nullptr}},
-         "VtCore.Menu.Download.HomeLabel\tis missing\n"},
-        {{{"HowToUse.title", R"("")"}, {"HowToUse.visible", nullptr}, {"AddNewChannelURL", nullptr}},
-         "VtCore.Menu.HowToUse.visible\tis missing\nVtCore.Menu.HowToUse.title\tis empty\n"
-         "VtNewsReader.UI.AddNewChannelURL\tis missing\n"},
-        {{{"ManRefresh.Instruction.Retry", nullptr}}, "VtCore.Menu.ManRefresh.Instruction.Retry\tis missing\n"},
-        {{{"ManRefresh.Instruction.Retry", nullptr}, {"ManualRefresh", "false"}, {"instruction", R"("")"}}, ""},
-        {{{"Details.visible", R"("true")"}}, "VtCore.Menu.Details.visible\tis of type string, not bool\n"},
-        {{{"DownloadOption", "3"}, {"ScrollingRate", "4"}, {"EnabledMode", R"("HIDDEN_MODE")"}},
-         "VtNewsReader.UI.ScrollingRate\tis \"4\", not one of 0, 1, 2, 3\n"
-         "VtCore.Service.DownloadOption\tis \"3\", not one of 0, 1, 2\n"},
-        {{{success, R"("%2 stories, %5 KB")"}}, ""},
-        {{{success, R"("%1 stories, %1 KB, 100%")"}},
-         "VtCore.Menu.ManRefresh.Instruction.DownloadSuccessed\tdoes not have two placeholders, such as %1 and "
-         "%2\n"},
-    };
+    // Edits, and what lint says, its lines joined by "^". Only entries on the screen need their texts; of a shared one,
+    // any of its readers.
+    const auto cases = table<2>(R"(
+|
+SetupHeadlines.ChildIDs=" Details,,Detials, details ,"|VtCore.Menu.SetupHeadlines.ChildIDs names "Detials", which is no entry^VtCore.Menu.SetupHeadlines.ChildIDs names "details", which is no entry
+ConfigureHeadlines.ChildIDs="Scrolling, SetupHeadlines"/SetupHeadlines.visible|VtCore.Menu.ConfigureHeadlines.ChildIDs names "SetupHeadlines", which leads back to it
+SetupHeadlines.ChildIDs=" "|VtCore.Menu.SetupHeadlines.ChildIDs is empty
+SetupHeadlines.ChildIDs="HowToUse"/HowToUse.visible=false|VtCore.Menu.SetupHeadlines.ChildIDs names no entry that is shown
+ConfigureHeadlines.visible=false/Scrolling.title/Download.HomeLabel|VtCore.Menu.Download.HomeLabel is missing
+HowToUse.title=""/HowToUse.visible/AddNewChannelURL|VtCore.Menu.HowToUse.visible is missing^VtCore.Menu.HowToUse.title is empty^VtNewsReader.UI.AddNewChannelURL is missing
+ManRefresh.Instruction.Retry|VtCore.Menu.ManRefresh.Instruction.Retry is missing
+ManRefresh.Instruction.Retry/Details.visible=false|
+ManRefresh.Instruction.Retry/ManualRefresh=false/instruction=""|
+Details.visible="true"|VtCore.Menu.Details.visible is of type string, not bool
+DownloadOption=3/ScrollingRate=4/EnabledMode="HIDDEN_MODE"|VtNewsReader.UI.ScrollingRate is "4", not one of 0, 1, 2, 3^VtCore.Service.DownloadOption is "3", not one of 0, 1, 2
+ManRefresh.Instruction.DownloadSuccessed="%2 stories, %5 KB"|
+ManRefresh.Instruction.DownloadSuccessed="%1 stories, %1 KB, 100%"|VtCore.Menu.ManRefresh.Instruction.DownloadSuccessed does not have two placeholders, such as %1 and %2
+)");
     for (const char* pack : {"en.json", "ar.json"}) {
         for (const auto& [edits, out] : cases) {
             const Vistanectl::Result result = lint(pack, edits);
-            EXPECT_EQ(result.out, out);
-            EXPECT_EQ(result.exit, out.empty() ? 0 : 1);
+            const QString said =
+                QString::fromStdString(result.out).replace('\t', ' ').trimmed().replace('\n', '^');
+            EXPECT_EQ(said.toStdString(), out) << edits;
+            EXPECT_EQ(result.exit, out.empty() ? 0 : 1) << edits;
         }
     }
 }
@@ -76,9 +63,9 @@ TEST(Lint, NamesEveryFaultAndNothingElse)
 // Of a whole pack, without a table of what is looked at.
 TEST(Lint, NamesEverySettingThatIsMissingOrOfAnotherType)
 {
-    const std::string optional[] = {"SetupHeadlines.label",          "ProfileSelected",
-                                    "RuntimeValues.LastUpdateTime",  "RuntimeValues.LastUpdateResult",
-                                    "RuntimeValues.ItemsDownloaded", "RuntimeValues.BytesDownloaded"};
+    const QString optional =
+        "SetupHeadlines.label ProfileSelected RuntimeValues.LastUpdateTime "
+        "RuntimeValues.LastUpdateResult RuntimeValues.ItemsDownloaded RuntimeValues.BytesDownloaded";
     OperatorPack wrong, without;
     std::set<std::string> ofWrongType, missing;
     for (OperatorPack::Setting setting : OperatorPack::builtIn().settings) {
@@ -87,7 +74,7 @@ TEST(Lint, NamesEverySettingThatIsMissingOrOfAnotherType)
                                  setting.key == "ManualRefresh";
         if (isStructure)
             without.settings.push_back(setting);
-        else if (std::find(std::begin(optional), std::end(optional), setting.key) == std::end(optional))
+        else if (!optional.split(' ').contains(QString::fromStdString(setting.key)))
             missing.insert(name);
         ofWrongType.insert(name);
         setting.value = setting.value.index() == 0 ? SettingValue(true) : SettingValue(7);

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 // Runs the built program on a store of its own, which starts from `pack` and holds nothing else.
 class Vistanectl
 {
@@ -22,6 +24,7 @@ public:
     {
         QProcess process;
         process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(mDir.path());
         process.start(program, arguments);
         EXPECT_TRUE(process.waitForFinished());
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
@@ -29,7 +32,12 @@ public:
                 process.readAllStandardError().toStdString()};
     }
 
+    // A file where the program runs.
     QString file(const char* name) const { return mDir.filePath(name); }
+    void write(const char* name, const char* content) const
+    {
+        std::ofstream(file(name).toStdString()) << content;
+    }
 
     static inline const QString program = QStringLiteral(VISTANECTL);
 
