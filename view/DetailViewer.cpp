@@ -17,7 +17,8 @@
 namespace vtmenu {
 
 DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
-    : UKbMainWidget(parent, name, 0), mNode(node)
+    : UKbMainWidget(parent, name, 0), Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED),
+      mNode(node)
 {
     mDetailView = new UDetailView(this, 0, 72);
     setContentWidget(mDetailView);
@@ -41,6 +42,12 @@ int DetailViewer::showView()
     refreshUI();
     show();
     return 0;
+}
+
+// A run that is cancelled ends for the user before the service has done with it.
+void DetailViewer::handleEvent(const Vt_Event& /*event*/)
+{
+    refreshUI();
 }
 
 void DetailViewer::refreshUI()

@@ -2,6 +2,7 @@
 
 #include "UKbMainWidget.h"
 #include "ViewerLife.h"
+#include "Vt_EventHandler.h"
 
 #include <vector>
 
@@ -15,10 +16,10 @@ namespace vtmenu {
 
 // The page that shows a menu node as a page of facts: each child's label as a heading, its value under it.
 // Where the operator allows it, the left soft key refreshes the content by hand, and at the end of every such
-// run the page asks for its facts anew.
+// run, and when the service has completed an update, the page asks for its facts anew.
 //
 // Made with new; deletes itself from the event loop once it is closed.
-class DetailViewer : public UKbMainWidget
+class DetailViewer : public UKbMainWidget, public Vt_EventHandler
 {
     Q_OBJECT
 
@@ -28,6 +29,8 @@ public:
 
     // Fills and shows the page. Always 0.
     virtual int showView();
+
+    void handleEvent(const Vt_Event& event) override;
 
 private slots:
     void hideAndDelete();
