@@ -113,8 +113,8 @@ void setStringSetting(int group, const char* key, const std::string& value)
     }
     const int status = store().setString(group, key, line);
     if (status != 0)
-        logger(7, "set string %s failed for %s.%s: %d", Text::withoutControls(value).c_str(), nameOf(group).c_str(), key,
-               status);
+        logger(7, "set string %s failed for %s.%s: %d", Text::withoutControls(value).c_str(),
+               nameOf(group).c_str(), key, status);
 }
 
 int settingGroupOf(const std::string& name)

@@ -17,7 +17,8 @@
 namespace vtmenu {
 
 DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
-    : UKbMainWidget(parent, name, 0), Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED),
+    : UKbMainWidget(parent, name, 0),
+      Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED),
       mNode(node)
 {
     mDetailView = new UDetailView(this, 0, 72);

@@ -16,7 +16,16 @@ enum class RefreshState : int {
 };
 
 // What moves it on: the user, a service that is busy already, or what the service reports.
-enum class RefreshCause { INITIATED, REFUSED, CONNECT_FAILED, DOWNLOADING, DOWNLOAD_FAILED, DONE, CONNECTING, OTHER };
+enum class RefreshCause {
+    INITIATED,
+    REFUSED,
+    CONNECT_FAILED,
+    DOWNLOADING,
+    DOWNLOAD_FAILED,
+    DONE,
+    CONNECTING,
+    OTHER
+};
 
 // The cause that a report of the service is, of `status`, a RefreshStatus or any other number.
 constexpr RefreshCause causeOf(int status)

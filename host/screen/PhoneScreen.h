@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QList>
 #include "PhoneKeys.h"
+#include <QList>
 
 #include <QWidget>
 
@@ -58,6 +58,6 @@ private:
 
     void arrange();
 
-    QList<Entry> mLayers;      // bottom to top
+    QList<Entry> mLayers; // bottom to top
     KeyFilter mKeys;
 };

@@ -138,7 +138,8 @@ int RowDelegate::runLength(const QModelIndex& index) const
     int widest = 0;
     for (qsizetype i = 0; i < look.lines.size(); ++i)
         widest = std::max(widest, QFontMetrics(lineFont(i)).horizontalAdvance(look.lines[i]));
-    return widest > textArea(mList->visualRect(index), look.radio.has_value()).width() ? widest + marqueeGap : 0;
+    return widest > textArea(mList->visualRect(index), look.radio.has_value()).width() ? widest + marqueeGap
+                                                                                       : 0;
 }
 
 QRect RowDelegate::textArea(const QRect& row, bool hasRadio) const

@@ -38,6 +38,5 @@ QCopChannel::QCopChannel(const QCString& channel, QObject* parent, const char* n
 bool QCopChannel::send(const QCString& channel, const QCString& message, const QByteArray& data)
 {
     const QString path = QString::fromUtf8(channel);
-    return isPath(path) &&
-           HostBus::send(BusSignals::channel, {QString::fromUtf8(message), data}, path);
+    return isPath(path) && HostBus::send(BusSignals::channel, {QString::fromUtf8(message), data}, path);
 }

@@ -47,8 +47,7 @@ int& beforeQtStarts(int& argc)
 
 } // namespace
 
-UApplication::UApplication(int& argc, char** argv, Type /*type*/)
-    : QApplication(beforeQtStarts(argc), argv)
+UApplication::UApplication(int& argc, char** argv, Type /*type*/) : QApplication(beforeQtStarts(argc), argv)
 {
     setStyle(QStringLiteral("fusion"));
     setPalette(Look::palette());

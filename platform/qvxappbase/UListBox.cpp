@@ -14,7 +14,8 @@
 #include <algorithm>
 
 UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int /*skin*/)
-    : QListWidget(parent), mRows(new RowDelegate(this, [this](const QModelIndex& index) { return lookOf(index); }))
+    : QListWidget(parent),
+      mRows(new RowDelegate(this, [this](const QModelIndex& index) { return lookOf(index); }))
 {
     setItemDelegate(mRows);
     setFrameShape(NoFrame);

@@ -25,8 +25,8 @@ Received unpack(const QVariantList& arguments)
             parameters->emplace(parameter.key().toStdString(), parameter.value().toStdString());
     }
     return {Vt_Event(arguments[0].toString().toStdString(), arguments[1].toInt(), std::move(parameters),
-                             arguments[4].toString().toStdString()),
-                    arguments[5].toInt()};
+                     arguments[4].toString().toStdString()),
+            arguments[5].toInt()};
 }
 
 } // namespace EventWire

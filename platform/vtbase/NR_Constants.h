@@ -32,9 +32,9 @@ inline const std::array eventNames = {
 // Whether it is the service that sends events of this name; the others are sent to it.
 inline bool isOfService(const std::string& eventName)
 {
-    return eventName == EVENT_NOTIFY_NETWORK_UPDATE_STARTED || eventName == EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED ||
-           eventName == EVENT_NOTIFY_STORAGE_STATUS || eventName == EVENT_NOTIFY_MANUAL_REFRESH_STATUS ||
-           eventName == EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR;
+    return eventName == EVENT_NOTIFY_NETWORK_UPDATE_STARTED ||
+           eventName == EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED || eventName == EVENT_NOTIFY_STORAGE_STATUS ||
+           eventName == EVENT_NOTIFY_MANUAL_REFRESH_STATUS || eventName == EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR;
 }
 
 } // namespace NR_Constants

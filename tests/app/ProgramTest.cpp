@@ -208,7 +208,8 @@ TEST(Program, CarriesTheMemoryTextsToTheNextRun)
         program.start();
         program.endBy([&] {
             const QVariant texts = QVariant::fromValue(HostBus::Texts{{key, text}});
-            EXPECT_TRUE(HostBus::send(BusSignals::event, {"EVENT_NOTIFY_STORAGE_STATUS", 0, texts, true, "", 0}));
+            EXPECT_TRUE(
+                HostBus::send(BusSignals::event, {"EVENT_NOTIFY_STORAGE_STATUS", 0, texts, true, "", 0}));
             sendToMenu();
         });
         std::ifstream file(memoryFile);
@@ -258,7 +259,11 @@ TEST(Program, RunsOnAStoreOfNoUse)
         std::string logged;
         bool knowsIdentity = false;
     } cases[] = {
-        {"directory", [](Program& p) { QFile::remove(p.storePath()); QDir().mkpath(p.storePath()); },
+        {"directory",
+         [](Program& p) {
+             QFile::remove(p.storePath());
+             QDir().mkpath(p.storePath());
+         },
          "is not a file: using the built-in pack"},
         {"garbage",
          [](Program& p) {

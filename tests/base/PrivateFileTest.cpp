@@ -88,7 +88,8 @@ TEST_F(PrivateFileTest, ALinkThatIsPlantedInBetweenIsNotFollowed)
     swapper.join();
     std::remove(path.c_str());
     EXPECT_EQ(PrivateFile::read(other.c_str()), "precious") << written << " were written";
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()), {}), 1) << "left behind";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()), {}), 1)
+        << "left behind";
 }
 
 TEST_F(PrivateFileTest, SomebodyElsesFileIsLeftAlone)

@@ -163,7 +163,8 @@ void sendEvents(Dice& dice)
     const std::string& name =
         dice.oneIn(2) ? NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS : dice.pick(NR_Constants::eventNames);
     for (int left = dice.oneIn(20) ? 300 : 1; left > 0; --left) {
-        const Vt_Event::Parameters parameters = {{"total", anyText(dice)}, {"free", anyText(dice)}, {"used", "3"}};
+        const Vt_Event::Parameters parameters = {
+            {"total", anyText(dice)}, {"free", anyText(dice)}, {"used", "3"}};
         Vt_EventAndStatusFacade::instance()->sendEvent(
             Vt_Event(name, dice.below(8) - 1, std::make_shared<Vt_Event::Parameters>(parameters)), 0);
     }
@@ -192,7 +193,7 @@ constexpr struct
 {
     int weight;
     void (*act)(Dice&);
-} acts[] = {{600, pressKey},   {150, touch},         {60, sendEvents},  {60, writeSetting},
+} acts[] = {{600, pressKey},      {150, touch},        {60, sendEvents}, {60, writeSetting},
             {10, changeProfiles}, {5, installAnyPack}, {5, loadAnyScene}};
 
 void act(Dice& dice)
@@ -275,7 +276,8 @@ void live(Dice& dice)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     for (int quiet = 0; quiet < 3; ++quiet) {
         Screen::settle();
-        EXPECT_TRUE(QTest::qWaitFor([] { return !topLayer(); }, 60'000)) << topLayer()->metaObject()->className();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !topLayer(); }, 60'000))
+            << topLayer()->metaObject()->className();
     }
 }
 

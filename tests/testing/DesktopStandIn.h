@@ -18,7 +18,8 @@ public:
     struct Call
     {
         std::vector<std::string> words; // its name and its arguments, to the byte
-        std::string state; // its folder, what its descriptors are open on, the signals it ignores, its session, one a line
+        std::string
+            state; // its folder, what its descriptors are open on, the signals it ignores, its session, one a line
     };
 
     explicit DesktopStandIn(const std::vector<std::string>& programs = {"xdg-open"})

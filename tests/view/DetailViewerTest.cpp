@@ -64,7 +64,8 @@ TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
     mNode.caption = "Completed";
     Vt_EventAndStatusFacade::instance()->sendEvent(
         Vt_Event(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED), 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return lines()[0] == "Completed"; })) << "after finish(), when it was cancelled";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return lines()[0] == "Completed"; }))
+        << "after finish(), when it was cancelled";
 }
 
 TEST_F(DetailPage, OffersRefreshOnlyWhereItIsAllowed)

@@ -363,12 +363,14 @@ TEST_F(RefreshView, StaysUsableInAStorm)
             return Screen::later(storm);
         report('3');
         report('1');
-        atRest([&] {
-            shown = popups();
-            Screen::pressAtOnce(Qt::Key_F2);
-            left = popups();
-            mView.reset();
-        }, 40);
+        atRest(
+            [&] {
+                shown = popups();
+                Screen::pressAtOnce(Qt::Key_F2);
+                left = popups();
+                mView.reset();
+            },
+            40);
     };
     Screen::later(storm);
     while (mView)

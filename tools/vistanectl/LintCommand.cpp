@@ -1,10 +1,10 @@
 #include "Commands.h"
 
 #include "CoreStore.h"
-#include "SettingTable.h"
 #include "MenuNode.h"
 #include "SettingHelper.h"
 #include "SettingKey.h"
+#include "SettingTable.h"
 #include "Tool.h"
 
 #include <QRegularExpression>

@@ -109,8 +109,7 @@ void addPackCommands(Tool& tool)
     installing.add_option("FILE", *fileName, "The pack")->required();
     tool.onRun(installing, [&tool, fileName](CoreStore& store) { return install(tool, store, *fileName); });
 
-    CLI::App& exporting =
-        tool.add("export", "Write the operator's settings and profiles as a pack", &group);
+    CLI::App& exporting = tool.add("export", "Write the operator's settings and profiles as a pack", &group);
     exporting.add_option("FILE", *fileName, "Where to; standard output without it, or when it is \"-\"");
     tool.onRun(exporting, [&tool, fileName](CoreStore& store) { return exportTo(tool, store, *fileName); });
 
@@ -119,7 +118,8 @@ void addPackCommands(Tool& tool)
     tool.onRun(checking, [&tool, fileName] { return check(tool, *fileName); });
 
     CLI::App& scenes = tool.add("scene", "States of the phone, for trying");
-    CLI::App& loading = tool.add("load", "Bring about a state: device, channels, figures; all or nothing", &scenes);
+    CLI::App& loading =
+        tool.add("load", "Bring about a state: device, channels, figures; all or nothing", &scenes);
     loading.add_option("FILE", *fileName, "The scene")->required();
     tool.onRun(loading, [&tool, fileName](CoreStore& store) { return loadScene(tool, store, *fileName); });
 }

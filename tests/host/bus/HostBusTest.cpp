@@ -1,5 +1,5 @@
-#include "BusProbe.h"
 #include "HostBus.h"
+#include "BusProbe.h"
 #include "LogCapture.h"
 #include "NR_Constants.h"
 #include "QCopChannel.h"
@@ -38,7 +38,8 @@ struct Stranger
     // Until the bus has passed on everything that was sent.
     void flush()
     {
-        bus.call(QDBusMessage::createMethodCall("org.freedesktop.DBus", "/", "org.freedesktop.DBus.Peer", "Ping"));
+        bus.call(
+            QDBusMessage::createMethodCall("org.freedesktop.DBus", "/", "org.freedesktop.DBus.Peer", "Ping"));
         HostBus::flush();
     }
 
@@ -55,8 +56,12 @@ std::vector<QVariantList> anyArguments()
     QDBusArgument texts;
     texts.beginMap(QMetaType(QMetaType::QString), QMetaType(QMetaType::QString));
     texts.endMap();
-    const QVariant values[] = {5, "text", QVariant::fromValue(structure), QVariant::fromValue(texts),
-                               QVariant::fromValue(QDBusVariant(5)), 5.0};
+    const QVariant values[] = {5,
+                               "text",
+                               QVariant::fromValue(structure),
+                               QVariant::fromValue(texts),
+                               QVariant::fromValue(QDBusVariant(5)),
+                               5.0};
     std::vector<QVariantList> lists = {{}};
     for (size_t begin = 0, length = 0; length < 3; ++length) {
         const size_t end = lists.size();
@@ -162,11 +167,12 @@ TEST(HostBus, ABusThatKeepsSilentIsNone)
     EXPECT_TRUE(isBusAnswering("unix:path=" + path, 100)) << "who refuses is not waited for";
     ASSERT_EQ(listen(listener, 0), 0);
     const QByteArray silent = "unix:guid=0123,path=" + path, real = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    for (const QByteArray& address : {silent, silent, "unix:path=/nowhere;" + silent, QByteArray("tcp:host=h,port=1"),
-                                      QByteArray("autolaunch:"), QByteArray("unix:=,path;;=")})
+    for (const QByteArray& address :
+         {silent, silent, "unix:path=/nowhere;" + silent, QByteArray("tcp:host=h,port=1"),
+          QByteArray("autolaunch:"), QByteArray("unix:=,path;;=")})
         EXPECT_FALSE(isBusAnswering(address, 100)) << address.constData();
-    for (const QByteArray& address : {real, "unix:path=/nowhere;" + real, QByteArray("unix:path=/nowhere"),
-                                      QByteArray()})
+    for (const QByteArray& address :
+         {real, "unix:path=/nowhere;" + real, QByteArray("unix:path=/nowhere"), QByteArray()})
         EXPECT_TRUE(isBusAnswering(address, 60'000)) << address.constData();
     close(listener);
 }

@@ -73,7 +73,8 @@ TEST(Handover, WhatIsStartedLivesByItself)
     EXPECT_TRUE(state.starts_with("/\n/dev/null\n/dev/null\n/dev/null\n"))
         << state << "a link must not name a file of the folder we happen to be in";
     EXPECT_EQ(state.find("pipe:"), std::string::npos) << state;
-    EXPECT_NE(state.find("SigIgn:\t0000000000000000\n"), std::string::npos) << "inherits what we ignore: " << state;
+    EXPECT_NE(state.find("SigIgn:\t0000000000000000\n"), std::string::npos)
+        << "inherits what we ignore: " << state;
     EXPECT_FALSE(state.ends_with('\n' + std::to_string(getsid(0)) + '\n')) << "is of our session";
 
     qputenv("PATH", "/nonexistent");

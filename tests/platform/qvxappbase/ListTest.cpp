@@ -106,7 +106,8 @@ TEST_F(ListTest, IndexesThatAreNotThere)
 
 TEST_F(ListTest, TheMarqueeRunsOnTopTwiceAndRests)
 {
-    list->item(0)->appendSubItem(0, QStringLiteral("a text that is too long for the width of the phone"), false);
+    list->item(0)->appendSubItem(0, QStringLiteral("a text that is too long for the width of the phone"),
+                                 false);
     list->enableMarquee(0, true);
     const QModelIndex row = list->currentIndex();
     list->clearFocus();

@@ -3,8 +3,8 @@
 #include "QCopChannel.h"
 #include "SettingHelper.h"
 #include "StandInService.h"
-#include "Vt_Event.h"
 #include "Vistanectl.h"
+#include "Vt_Event.h"
 
 #include <QProcess>
 #include <QSignalSpy>
