@@ -39,7 +39,7 @@ Result Connection::open(const std::string& file, int flags)
 
 void Connection::close()
 {
-    sqlite3_close(std::exchange(mHandle, nullptr));
+    sqlite3_close_v2(std::exchange(mHandle, nullptr)); // now, or when the last query is gone
 }
 
 void Connection::closeUntouched()

@@ -28,7 +28,7 @@ private:
     int mCode;
 };
 
-// One open database file. Queries made from it must be gone before it is.
+// One open database file. It is open for as long as a query made from it is there.
 class Connection
 {
 public:

@@ -12,7 +12,10 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <sys/resource.h>
 
 namespace {
 
@@ -33,12 +36,30 @@ void checkScale()
     qputenv(variable, "1");
 }
 
+// With fewer files Qt fails in ways that tell nobody why, and the store cannot be read.
+void checkOpenFiles()
+{
+    constexpr rlim_t wanted = 64;
+    constexpr rlim_t fewest = 24;
+    rlimit files = {};
+    if (getrlimit(RLIMIT_NOFILE, &files) != 0 || files.rlim_cur >= wanted)
+        return;
+    files.rlim_cur = std::min(wanted, files.rlim_max);
+    setrlimit(RLIMIT_NOFILE, &files);
+    if (files.rlim_cur >= fewest)
+        return;
+    logger(3, "only %llu files may be open at a time, and at least %llu are needed (ulimit -n)",
+           static_cast<unsigned long long>(files.rlim_cur), static_cast<unsigned long long>(fewest));
+    std::exit(1);
+}
+
 // The phone looks the same everywhere: no desktop's theme, no colours or fonts but its own. Qt asks for the bus, too.
 int& beforeQtStarts(int& argc)
 {
     QApplication::setDesktopSettingsAware(false);
     // A reader of the log that goes away ends nothing. Qt gives what it starts the default action back.
     std::signal(SIGPIPE, SIG_IGN);
+    checkOpenFiles();
     checkScale();
     HostBus::avoidSilentBus();
     Fonts::configure();

@@ -39,3 +39,6 @@ setting_is VtCore.System.EnabledMode DISABLED_NORMAL_MODE || fail "it was switch
 phone_start
 press F1
 wait_for setting_is VtCore.System.EnabledMode ENABLED_NORMAL_MODE
+
+same "$(ulimit -n 10; vistane-menu >&2 || echo $?)" 1 # not in the dark
+in_log "only 10 files may be open"
