@@ -46,7 +46,10 @@ TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
     gap.value = "a\n\nb\n";
     hidden.hidden = true;
     mNode.children = {&two, &gap, &none, &hidden, &wide};
+    takeTrace();
     open();
+    const std::string asked = "isHidden label hasValue ", valued = asked + "valueText ";
+    EXPECT_EQ(takeTrace(), "title clearChildren loadChildren " + valued + valued + asked + "isHidden " + asked);
     EXPECT_EQ(lines(), (Lines{"Title", "# two", "a", "b", "# gap", "a", "", "b", "# none", "# naïve €"}));
 
     mNode.caption = "Later";

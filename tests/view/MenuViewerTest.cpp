@@ -1,5 +1,6 @@
 #include "MenuViewer.h"
 #include "FormViewer.h"
+#include "MenuSettings.h"
 #include "PlatformRequests.h"
 #include "UMessageDlg.h"
 #include "ViewTest.h"
@@ -78,6 +79,32 @@ TEST(MenuViewer, ShowsAndOpensEachKind)
     }
     EXPECT_EQ(requests.take().size(), 1u) << "the link";
     EXPECT_TRUE(PhoneScreen::instance()->isOnTop(&viewer));
+}
+
+// The real menu, switched off while it is open and when it starts, and the fixed words of the soft keys.
+TEST(MenuViewer, ShowsWhatIsLeftWhileTheServiceIsOffAndAsksAtTheStart)
+{
+    const MenuStore store;
+    const auto softKeys = [](const QWidget& page) {
+        const auto* keys = page.findChild<USoftKey*>();
+        return (keys->text(USoftKey::Left) + u'|' + keys->text(USoftKey::Right)).toStdString();
+    };
+    MenuViewer viewer(nodeOf("SetupHeadlines"), true, nullptr, nullptr);
+    EXPECT_EQ(viewer.showView(), 0);
+    const Lines all = rowsOf(viewer);
+    EXPECT_EQ(all.size(), 6U);
+    EXPECT_EQ(softKeys(viewer), "|Back");
+    MenuSettings::setEnabledMode(MenuSettings::modeOff);
+    viewer.rebuildMenuView();
+    EXPECT_EQ(rowsOf(viewer), (Lines{"Home screen headlines|Off", "Details"}));
+
+    const Await<UMessageDlg> warning([&] {
+        EXPECT_EQ(popups(), Lines{"Headlines are off Turn headlines on? (OK | Cancel)"});
+        Screen::press({Qt::Key_F1});
+    });
+    EXPECT_EQ(viewer.showView(), 0);
+    EXPECT_EQ(MenuSettings::enabledMode(), MenuSettings::modeOn);
+    EXPECT_EQ(rowsOf(viewer), all);
 }
 
 TEST(FormViewer, ShowsTheChoices)
