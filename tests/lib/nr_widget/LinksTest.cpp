@@ -152,13 +152,17 @@ TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFileNorSendAnEarlierText)
 
     launch("smsto:1?text=secret");
     desktop.take(1);
+    qputenv("VISTANE_HANDOVER", "off");
+    PlatformRequests requests;
     rlimit files; // without any, nothing can be opened, so nothing can be written
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &files), 0);
     const rlimit none = {0, files.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-    NR_MessageFile::write("other");
+    launch("smsto:1?text=other");
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &files), 0);
     EXPECT_EQ(PrivateFile::read(NR_MessageFile::path), "");
+    EXPECT_TRUE(requests.take().at(0).ends_with("|Files|" + std::string(NR_MessageFile::path)))
+        << "the file is named though it could not be written";
 }
 
 // Read the obvious way, some of these cost the square of their length: minutes instead of milliseconds.
