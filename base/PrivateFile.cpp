@@ -11,18 +11,19 @@ namespace {
 
 bool isOwn(const struct stat& status)
 {
-    return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
+    return S_ISREG(status.st_mode) && status.st_uid == geteuid();
 }
 
 // The descriptor of a file that is the user's own, open for reading, or -1. Whether it is one of ours is only known once
-// it is open. O_NONBLOCK keeps a pipe from holding us up.
+// it is open; one with a second name may be any of his files, linked here by somebody else. O_NONBLOCK keeps a pipe from
+// holding us up.
 int openOwn(const char* path)
 {
     const int file = open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     struct stat status;
     if (file < 0)
         return -1;
-    if (fstat(file, &status) == 0 && isOwn(status))
+    if (fstat(file, &status) == 0 && isOwn(status) && status.st_nlink == 1)
         return file;
     close(file);
     return -1;
@@ -41,7 +42,8 @@ bool writeAll(int file, std::string_view text)
     return true;
 }
 
-// Whether nothing has the name, or a file of the user's own, which a new one may replace.
+// Whether nothing has the name, or a file of the user's own, which a new one may replace: what else is called so keeps
+// its other name and its text.
 bool mayReplace(const char* path)
 {
     struct stat status;

@@ -3,7 +3,7 @@
 #include <string_view>
 
 // The file through which the text of an SMS or MMS reaches the messaging application. There is one, shared by
-// all: the next message's text replaces it. It is never removed.
+// all: the next message's text replaces it.
 namespace NR_MessageFile {
 
 inline constexpr char path[] = "/tmp/vtsms.txt";
