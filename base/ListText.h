@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Text.h"
+
 #include <algorithm>
 #include <string>
 
@@ -18,6 +20,19 @@ inline std::string choice(const std::string& label, bool selectable)
 inline bool isDisabled(const std::string& choice)
 {
     return choice.starts_with(disabledMark);
+}
+
+// Whether a name would be taken for such a line. The phone's characters have 16 bits, and what is cut to them can read as
+// the mark.
+inline bool beginsWithMark(std::string_view name)
+{
+    size_t at = 0;
+    for (const char expected : std::string_view(disabledMark)) {
+        const auto character = Text::decode(name, at);
+        if (!character || (*character & 0xffff) != static_cast<char32_t>(expected))
+            return false;
+    }
+    return true;
 }
 
 // A name as one line: the phone's characters of 16 bits can make a line feed of another character, which would count

@@ -24,7 +24,7 @@ MenuViewer::MenuViewer(MenuNode* node, bool isRoot, QWidget* parent, const char*
     connect(mListBox, SIGNAL(selected(int)), this, SLOT(openItem(int)));
 
     mSoftKey = new USoftKey("CST_2A", this, this);
-    mSoftKey->setText(USoftKey::Left, QString(), 0);
+    mSoftKey->setText(USoftKey::Left, QStringLiteral(""), 0);
     mSoftKey->setText(USoftKey::Right, tr("TXT_RID_SOFTKEY_BACK", "Back"), 0);
     mSoftKey->setClickedSlot(USoftKey::Right, SLOT(hideAndDelete()));
     setCSTWidget(mSoftKey);
@@ -156,15 +156,16 @@ void MenuViewer::openForm(FormEntry* form)
 
 void MenuViewer::hideAndDelete()
 {
-    if (!mLife.beginsToClose())
-        return;
-    if (mPopup)
-        mPopup->close(false);
-    close(false);
+    if (mLife.beginsToClose()) {
+        if (mPopup)
+            mPopup->close(false);
+        close(false);
+        if (!mIsRoot)
+            mLife.deleteSoon();
+    }
+    // Each time: one that came before the event loop ran has ended nothing.
     if (mIsRoot)
         qApp->quit();
-    else
-        mLife.deleteSoon();
 }
 
 void MenuViewer::slotReturnToIdle(int /*reason*/)

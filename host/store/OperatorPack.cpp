@@ -83,7 +83,7 @@ private:
                              if (!readId(name, item, profile.id) ||
                                  !readLine(name + " name", item["name"], profile.name))
                                  return false;
-                             if (ListText::isDisabled(profile.name))
+                             if (ListText::beginsWithMark(profile.name))
                                  return fail(name + " name", "begins with the mark of a locked choice");
                              if (!selectable.isUndefined() && !selectable.isBool())
                                  return fail(name + " selectable", "is not true or false");

@@ -200,6 +200,25 @@ TEST(Program, EndsWithStatusZero)
     }
 }
 
+// What the bus is asked for tells when who came and went.
+TEST(Program, BuildsTheActionsBeforeTheEntriesAndLeavesTelephonyBeforeTheScreenGoes)
+{
+    Program program;
+    program.store().write(10, "ManageChannelURL", 1); // so that the log tells of its reading
+    program.environment.insert("QDBUS_DEBUG", "1");
+    program.process.setStandardErrorFile(program.dir.filePath("log"), QIODevice::Append);
+    program.start();
+    program.endBy([] { sendToMenu(); });
+    size_t at = 0;
+    for (const char* step : {"Adding rule: \"type='signal',path='/Vistane/Events'", "UI.ManageChannelURL: 2",
+                             "Adding rule: \"type='signal',path='/Vistane/MenuListener'",
+                             "telephony client finished",
+                             "Removing rule: \"type='signal',path='/Vistane/Platform'"}) {
+        at = program.log().find(step, at);
+        ASSERT_NE(at, std::string::npos) << step << program.log();
+    }
+}
+
 // Programs of other tests may end meanwhile, too, and write theirs over it.
 TEST(Program, CarriesTheMemoryTextsToTheNextRun)
 {

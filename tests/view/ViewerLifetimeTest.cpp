@@ -91,6 +91,16 @@ TEST(ViewerLifetime, ClosingTheRootEndsTheProgram)
     }
 }
 
+TEST(ViewerLifetime, ClosingTheRootAgainEndsTheProgramWhereOnceWasTooEarly)
+{
+    const MenuStore store;
+    MenuViewer root(nodeOf("SetupHeadlines"), true, nullptr, nullptr);
+    const auto close = [&] { QMetaObject::invokeMethod(&root, "hideAndDelete"); };
+    close();
+    Screen::later(close);
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+}
+
 TEST(ViewerLifetime, ASubMenuClosesAlone)
 {
     const DeepMenu store;

@@ -39,7 +39,7 @@ int use(const Tool& tool, CoreStore& store, const std::string& id)
 // For Option::check().
 std::string isProfileName(const std::string& name)
 {
-    return ListText::isDisabled(name) ? "begins with the mark of a locked choice" : isLine(name);
+    return ListText::beginsWithMark(name) ? "begins with the mark of a locked choice" : isLine(name);
 }
 
 } // namespace

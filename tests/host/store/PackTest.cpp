@@ -80,7 +80,7 @@ TEST(Pack, FaultsAreNamed)
         {R"({"profiles": [{"id": "a", "name": "A"}, {"id": "a", "name": "B"}]})", "profiles a: is there twice"},
         {R"({"profiles": [{"id": "a", "title": "x"}]})", "profiles a title: "},
         {R"({"profiles": [{"id": "a", "name": "x\ny"}]})", "profiles a name: "},
-        {R"({"profiles": [{"id": "a", "name": "DISABLE:x"}]})", "profiles a name: "},
+        {R"({"profiles": [{"id": "a", "name": "\ud800\udc44ISABLE:x"}]})", "profiles a name: "},
         {R"({"profiles": [{"id": "a", "name": "x", "selectable": 1}]})", "profiles a selectable: "},
     });
     expectRefused<Scene>({
