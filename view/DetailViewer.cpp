@@ -33,6 +33,8 @@ DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
     mSoftKey->setClickedSlot(USoftKey::Right, SLOT(hideAndDelete()));
     setCSTWidget(mSoftKey);
 
+    mDue.setSingleShot(true);
+    connect(&mDue, SIGNAL(timeout()), this, SLOT(refreshUI()));
     mRefreshView = ManRefreshView::instance();
     connect(mRefreshView, SIGNAL(finish()), this, SLOT(refreshUI()));
     connect(UApplication::instance(), SIGNAL(askReturnToIdle(int)), this, SLOT(slotReturnToIdle(int)));
@@ -45,10 +47,11 @@ int DetailViewer::showView()
     return 0;
 }
 
-// A run that is cancelled ends for the user before the service has done with it.
+// A run that is cancelled ends for the user before the service has done with it. Once for as many events as come together,
+// and after everybody else whom they tell something has heard it.
 void DetailViewer::handleEvent(const Vt_Event& /*event*/)
 {
-    refreshUI();
+    mDue.start(0);
 }
 
 void DetailViewer::refreshUI()

@@ -47,6 +47,7 @@ private:
     UDetailView* mDetailView;
     USoftKey* mSoftKey;
     ManRefreshView* mRefreshView;
+    QTimer mDue;                      // the facts are asked for anew
     std::vector<UDetailItem*> mItems; // owned by mDetailView, in display order
     ViewerLife mLife{*this};
 };

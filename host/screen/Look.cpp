@@ -75,9 +75,17 @@ QPalette Look::palette()
     return palette;
 }
 
+QString Look::shortened(const QString& text, qsizetype most)
+{
+    if (text.size() <= most)
+        return text;
+    const bool cutsPair = text[most - 1].isHighSurrogate();
+    return text.left(cutsPair ? most - 1 : most) + QChar(0x2026);
+}
+
 QString Look::oneLine(const QString& text)
 {
-    QString line = text.left(maxLineLength);
+    QString line = shortened(text, maxLineLength);
     for (QChar& character : line) {
         if (character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
             character == QChar::ParagraphSeparator)

@@ -47,8 +47,11 @@ int instructionLines();
 
 QPalette palette();
 
-// `text` on one line, its line breaks and other control characters turned into blanks, and cut to a length that
-// no screen can show anyway, so that measuring it stays cheap.
+// `text`, or its first `most` characters with an ellipsis for the rest.
+QString shortened(const QString& text, qsizetype most);
+
+// `text` on one line, its line breaks and other control characters turned into blanks, and shortened to what somebody
+// watches a marquee for, so that measuring it stays cheap.
 QString oneLine(const QString& text);
 
 } // namespace Look

@@ -42,7 +42,7 @@ int breakLines(QTextLayout& layout, int width, int maxLines)
 } // namespace
 
 WrappedText::WrappedText(const QString& text, const QFont& font, int maxLines)
-    : mText(text.left(maxLength)), mMaxLines(maxLines)
+    : mText(Look::shortened(text, maxLength)), mMaxLines(maxLines)
 {
     mText.replace(QLatin1Char('\n'), QChar::LineSeparator);
     mLayout.setFont(font);
