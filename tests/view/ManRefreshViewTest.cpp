@@ -261,6 +261,45 @@ TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
     }
 }
 
+// What integrators watch for.
+TEST_F(RefreshView, LogsEachStep)
+{
+    // What happens, and the lines that it leaves, each without what it begins with.
+    const std::string queue = NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR;
+    const std::string status = NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS;
+    for (const auto& [action, event, lines] : std::vector<std::array<std::string, 3>>{
+             {"0", status,
+              "[ManRefreshView] Notify status: 0, state: 0|ManRefreshView::showErrDlg, state is 4"},
+             {"0", status,
+              "[ManRefreshView] Notify status: 0, state: 4|"
+              "[ManRefresh] state == DOWN_ERROR && mDownErr || state == CONN_ERROR && mConnErr"},
+             {"i", NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, ""},
+             {"2", status,
+              "[ManRefreshView] Notify status: 2, state: 1|ManRefreshView::showErrDlg, state is 5|"
+              "ManRefreshView::showErrDlg, mpMsgDlg != NULL"},
+             {"R", "", "ManRefreshView::errorRSK"},
+             {"0", status,
+              "[ManRefreshView] Notify status: 0, state: 5|ManRefreshView::showErrDlg, state is 4"},
+             {"L", NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, "ManRefreshView::errorLSK"},
+             {"L", "", "[ManRefresh] the dlg is hided"},
+             {"q", queue, ""},
+         }) {
+        const LogCapture log;
+        const bool isHidden = mView->isHidden();
+        keys.contains(action[0]) ? Screen::pressAtOnce(keys.at(action[0])) : report(action[0]);
+        Screen::settle();
+        std::string expected;
+        if (!event.empty())
+            expected = "[ManRefreshView] Incoming VtEvent of type " + event +
+                       ", isHide: " + std::to_string(isHidden) + " ...|";
+        expected += lines.empty() ? "" : lines + '|';
+        std::string logged;
+        for (const std::string& line : log.lines())
+            logged += line.substr(std::string("(ManRefreshView:*)[~~~~vistane~~~~]").size()) + '|';
+        EXPECT_EQ(logged, expected);
+    }
+}
+
 TEST_F(RefreshView, FinishesBeforeItAborts)
 {
     SentRequests sent;
