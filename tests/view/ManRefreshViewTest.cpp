@@ -307,7 +307,7 @@ TEST_F(RefreshView, FinishesBeforeItAborts)
     Screen::settle();
     Lines before = {"never finished"};
     QObject::connect(mView.get(), &ManRefreshView::finish, [&] { before = sent.names(); });
-    Screen::press({Qt::Key_F2});
+    Screen::pressAtOnce(Qt::Key_F2);
     EXPECT_EQ(before, Lines{});
     EXPECT_EQ(sent.names(), Lines{NR_Constants::EVENT_ABORT_MANUAL_REFRESH});
 }

@@ -176,7 +176,7 @@ protected:
     void TearDown() override
     {
         ManRefreshView::retryPause = 2;
-        Screen::press({Qt::Key_End});
+        Screen::pressAtOnce(Qt::Key_End);
         Screen::settle();
     }
 
