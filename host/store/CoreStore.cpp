@@ -1,5 +1,6 @@
 #include "CoreStore.h"
 
+#include "KnownSettings.h"
 #include "SettingGroups.h"
 #include "StoreFile.h"
 #include "StoreRows.h"
@@ -18,6 +19,7 @@ struct CoreStore::Database
 {
     StoreFile file;
     Sqlite::Connection connection;
+    KnownSettings known{connection};
     bool onDisk = false;
     bool inTransaction = false;
     QDeadlineTimer impatient{0}; // until then, nobody is waited for
@@ -173,8 +175,21 @@ bool CoreStore::isOnDisk() const
 
 StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value)
 {
-    return onlyRow(
-        mDatabase->readSetting, [&](const Run& row) { return readValue(row, value); }, group, key);
+    KnownSettings& known = mDatabase->known;
+    KnownSettings::Answer answer;
+    if (const auto* found = known.find(group, key)) {
+        answer.status = found->status;
+        if (answer.status == STORE_OK)
+            value = found->value;
+        return answer.status;
+    }
+    answer.status = onlyRow(
+        mDatabase->readSetting, [&](const Run& row) { return readValue(row, answer.value); }, group, key);
+    if (answer.status == STORE_OK)
+        value = answer.value;
+    if (answer.status == STORE_OK || answer.status == STORE_NOT_FOUND)
+        known.add(group, key, std::move(answer));
+    return answer.status;
 }
 
 StoreStatus CoreStore::write(int group, std::string_view key, const SettingValue& value)

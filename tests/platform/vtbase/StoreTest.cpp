@@ -1,5 +1,6 @@
 #include "CoreStore.h"
 #include "NR_EngineUtils.h"
+#include "Sqlite.h"
 #include "Table.h"
 #include "TestStore.h"
 #include "VistaneSettingMgr.h"
@@ -8,6 +9,7 @@
 #include "vtString.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 using namespace std::string_literals;
 
@@ -40,13 +42,41 @@ TEST(Setting, OddTextsComeBackAsTheyWereAndFailuresLeaveTheOutputAlone)
     EXPECT_TRUE(flag && number == -1 && read.size() == 100000);
 }
 
+// Whatever is remembered of earlier reads.
 TEST(Setting, AnotherProgramsWriteIsSeenByTheNextRead)
 {
     const TestStore store;
     CoreStore other(store.path());
-    for (int i = 0, number = -1; i < 100; ++i) {
-        ASSERT_EQ(other.write(menu, "n", i) + manager().getInt(menu, "n", number), STORE_OK);
-        ASSERT_EQ(number, i);
+    Sqlite::Connection tidy;
+    ASSERT_TRUE(tidy.open(store.path(), SQLITE_OPEN_READWRITE).isOk());
+    OperatorPack pack;
+    std::optional<int> pack0, user;
+    for (int i = 0; i < 300; ++i) {
+        int number = -1;
+        switch (i * 7 % 5) {
+        case 0:
+            user = i;
+            ASSERT_EQ(other.write(menu, "n", i), STORE_OK);
+            break;
+        case 1:
+            pack.settings = {{menu, "n", *(pack0 = -i)}};
+            ASSERT_EQ(other.installPack(pack), STORE_OK);
+            break;
+        case 2:
+            user.reset();
+            other.reset(menu, "n");
+            break;
+        case 3:
+            user = i;
+            ASSERT_EQ(manager().setInt(menu, "n", i), STORE_OK);
+            break;
+        default:
+            ASSERT_TRUE(tidy.execute("PRAGMA wal_checkpoint(TRUNCATE)").isOk());
+        }
+        for (const int again : {1, 2}) {
+            ASSERT_EQ(manager().getInt(menu, "n", number), user || pack0 ? STORE_OK : STORE_NOT_FOUND) << again;
+            ASSERT_EQ(number, user.value_or(pack0.value_or(-1))) << i;
+        }
     }
 }
 
