@@ -70,6 +70,16 @@ bool BusWatch::mayBeService(const QString& sender) const
 void BusWatch::reportLoss()
 {
     logger(3, "the session bus is gone");
+    setServiceOwner({});
+}
+
+// Whoever has the name next knows nothing of what went on.
+void BusWatch::setServiceOwner(const QString& owner)
+{
+    const bool had = hasService();
+    mServiceOwner = owner;
+    if (had)
+        emit serviceLost();
 }
 
 // Only the bus itself can send in its own name.
@@ -78,5 +88,5 @@ void BusWatch::changeOwner(const QDBusMessage& message)
     const QVariantList arguments = message.arguments();
     if (message.service() == QLatin1String("org.freedesktop.DBus") &&
         message.signature() == QLatin1String("sss") && arguments[0] == BusSignals::service)
-        mServiceOwner = arguments[2].toString();
+        setServiceOwner(arguments[2].toString());
 }

@@ -45,8 +45,12 @@ public:
     // Whether a message of this sender may come from the service.
     bool mayBeService(const QString& sender) const;
 
-    void setServiceOwner(const QString& owner) { mServiceOwner = owner; }
+    bool hasService() const { return !mServiceOwner.isEmpty(); }
+    void setServiceOwner(const QString& owner);
     void setOwnName(const QString& name) { mOwnName = name; }
+
+signals:
+    void serviceLost();
 
 public slots:
     void reportLoss();

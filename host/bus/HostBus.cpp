@@ -123,9 +123,23 @@ bool ownServiceName()
 {
     constexpr uint doNotQueue = 4;
     constexpr int owner = 1;
+    constexpr int alreadyOwner = 4;
     const QDBusMessage request = callToBus(QStringLiteral("org.freedesktop.DBus"),
                                            QStringLiteral("RequestName"), {BusSignals::service, doNotQueue});
-    return isConnected() && bus().call(request, QDBus::Block, patience).arguments().value(0).toInt() == owner;
+    if (!isConnected())
+        return false;
+    const int answer = bus().call(request, QDBus::Block, patience).arguments().value(0).toInt();
+    return answer == owner || answer == alreadyOwner;
+}
+
+bool hasService()
+{
+    return isConnected() && watch().hasService();
+}
+
+void onServiceLost(QObject* context, std::function<void()> lost)
+{
+    QObject::connect(&watch(), &BusWatch::serviceLost, context, std::move(lost));
 }
 
 bool onLost(QObject* receiver, const char* slot)

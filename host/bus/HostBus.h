@@ -30,6 +30,12 @@ void deliverPending(QObject* context);
 // Owns the service's name until the process ends. False when there is no bus, or when another process owns it.
 bool ownServiceName();
 
+// Whether anybody owns the service's name.
+bool hasService();
+
+// Calls `lost` from the event loop when its owner gives it up, until `context` is destroyed.
+void onServiceLost(QObject* context, std::function<void()> lost);
+
 // Calls `slot` of `receiver` (as in SLOT(), without arguments) when a bus that was there goes away, until the
 // receiver is destroyed. False when there is no bus. The log says that it is gone by itself.
 bool onLost(QObject* receiver, const char* slot);

@@ -5,6 +5,7 @@
 #include "StoreFile.h"
 #include "StoreRows.h"
 #include "StoreSchema.h"
+#include "Text.h"
 
 #include <QDeadlineTimer>
 #include <QStandardPaths>
@@ -72,6 +73,13 @@ std::string defaultPath()
     return folder.toStdString() + "/vistane/core.db";
 }
 
+// A bare name could mean something to SQLite, as ":memory:" does. Empty when it can't be told: the working folder is gone.
+std::string absolutePath(const std::string& path)
+{
+    std::error_code error;
+    return std::filesystem::absolute(path, error).string();
+}
+
 // Closed when the program ends, so that SQLite tidies up its companion files.
 Current& current()
 {
@@ -99,18 +107,33 @@ void CoreStore::setPatience(int milliseconds)
     patience = milliseconds;
 }
 
-// A bare name could mean something to SQLite, as ":memory:" does.
-CoreStore::CoreStore(const std::string& path) : mPath(std::filesystem::absolute(path))
+CoreStore::CoreStore(const std::string& path) : mPath(absolutePath(path))
 {
-    open();
+    open(patience);
 }
 
 CoreStore::~CoreStore() = default;
 
-void CoreStore::open()
+void CoreStore::open(int patience)
 {
     mDatabase = std::make_unique<Database>();
-    mDatabase->onDisk = mDatabase->file.open(mPath, mDatabase->connection, patience);
+    const std::string reason = mDatabase->file.open(mPath, mDatabase->connection, patience);
+    mDatabase->onDisk = reason.empty();
+    mDatabase->impatient.setRemainingTime(mDatabase->onDisk ? 0 : impatienceMs);
+    if (!mDatabase->onDisk && reason != mReason)
+        logger(3, "%s %s: using the built-in pack, and no change will be saved",
+               Text::withoutControls(mPath).c_str(), reason.c_str());
+    mReason = reason;
+}
+
+// Whether the file is another one by now, or one at last.
+bool CoreStore::reopen()
+{
+    if (mDatabase->onDisk ? !mDatabase->file.isReplaced(mDatabase->connection)
+                          : !mDatabase->impatient.hasExpired())
+        return false;
+    open(0);
+    return mDatabase->onDisk;
 }
 
 CoreStore::Database& CoreStore::forWriting()
@@ -118,7 +141,7 @@ CoreStore::Database& CoreStore::forWriting()
     if (mDatabase->inTransaction)
         return *mDatabase;
     if (mDatabase->file.isReplaced(mDatabase->connection))
-        open();
+        open(patience);
     mDatabase->connection.setPatience(mDatabase->impatient.hasExpired() ? patience : 0);
     return *mDatabase;
 }
@@ -177,7 +200,7 @@ StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value
 {
     KnownSettings& known = mDatabase->known;
     KnownSettings::Answer answer;
-    if (const auto* found = known.find(group, key)) {
+    if (const auto* found = mDatabase->inTransaction ? nullptr : known.find(group, key)) {
         answer.status = found->status;
         if (answer.status == STORE_OK)
             value = found->value;
@@ -187,7 +210,7 @@ StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value
         mDatabase->readSetting, [&](const Run& row) { return readValue(row, answer.value); }, group, key);
     if (answer.status == STORE_OK)
         value = answer.value;
-    if (answer.status == STORE_OK || answer.status == STORE_NOT_FOUND)
+    if (!mDatabase->inTransaction && (answer.status == STORE_OK || answer.status == STORE_NOT_FOUND))
         known.add(group, key, std::move(answer));
     return answer.status;
 }
@@ -251,7 +274,9 @@ StoreStatus CoreStore::loadScene(const Scene& scene)
 
 StoreStatus CoreStore::fact(std::string_view name, std::string& value)
 {
-    return onlyRow(mDatabase->readFact, into(value, firstText), name);
+    const auto ask = [&] { return onlyRow(mDatabase->readFact, into(value, firstText), name); };
+    const StoreStatus status = ask();
+    return status == STORE_NOT_FOUND && !mDatabase->inTransaction && reopen() ? ask() : status;
 }
 
 StoreStatus CoreStore::setFact(std::string_view name, std::string_view value)

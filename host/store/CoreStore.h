@@ -35,7 +35,8 @@ public:
     // be used is renamed to a free name beside it, which is logged, and a new one takes its place; when the
     // disk refuses that, the store lives in memory, holds the built-in pack, and every write answers
     // STORE_UNWRITABLE. A file that is replaced or removed meanwhile is noticed at the next write, which goes to the one
-    // that is there then.
+    // that is there then. Whoever waits for a fact writes nothing, so a question for one that is not there notices it,
+    // too, as well as that the file can be used by now, for which it looks once a second.
     explicit CoreStore(const std::string& path);
     ~CoreStore();
     CoreStore(const CoreStore&) = delete;
@@ -93,7 +94,8 @@ public:
 private:
     struct Database;
 
-    void open();
+    void open(int patience);
+    bool reopen();
     Database& forWriting();
     void afterWriting(StoreStatus status);
     template <typename... Values>
@@ -104,5 +106,6 @@ private:
     StoreStatus changeProfiles(Work work);
 
     const std::string mPath;
+    std::string mReason; // why the store lives in memory
     std::unique_ptr<Database> mDatabase;
 };

@@ -243,7 +243,7 @@ StoreFile::~StoreFile()
         ::close(mFile);
 }
 
-bool StoreFile::open(const std::string& path, Sqlite::Connection& connection, int patience)
+std::string StoreFile::open(const std::string& path, Sqlite::Connection& connection, int patience)
 {
     mPath = path;
     std::string reason;
@@ -252,13 +252,11 @@ bool StoreFile::open(const std::string& path, Sqlite::Connection& connection, in
         ::flock(mFile, LOCK_UN);
     noteLog();
     if (onDisk)
-        return true;
-    logger(3, "%s %s: using the built-in pack, and no change will be saved",
-           Text::withoutControls(path).c_str(), reason.c_str());
+        return {};
     (void)connection.open(":memory:", SQLITE_OPEN_READWRITE);
     (void)StoreSchema::create(connection, OperatorPack::builtIn());
     (void)connection.execute("PRAGMA query_only = ON");
-    return false;
+    return reason;
 }
 
 bool StoreFile::openOnDisk(Sqlite::Connection& connection, int patience, std::string& reason)

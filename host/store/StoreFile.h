@@ -22,9 +22,9 @@ public:
     // writes later isn't seen.
     //
     // When nothing of this works, or the path names something that is no file, the store is made in memory, from
-    // the built-in pack and read-only, one log line says why, and the answer is false. `patience` is how many
-    // milliseconds to wait for another program's lock.
-    bool open(const std::string& path, Sqlite::Connection& connection, int patience);
+    // the built-in pack and read-only; what comes back says why, to complete a sentence that begins with the path, and
+    // is empty otherwise. `patience` is how many milliseconds to wait for another program's lock.
+    std::string open(const std::string& path, Sqlite::Connection& connection, int patience);
 
     // Whether another file, or none, is at the path by now; what is written to this one would be lost. The log of this
     // one, which would be taken for the other's, is then set aside, and the connection closed.

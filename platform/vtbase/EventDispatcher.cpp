@@ -4,6 +4,7 @@
 #include "HostBus.h"
 #include "Log.h"
 #include "NR_Constants.h"
+#include "RefreshStatus.h"
 #include "Vt_EventHandler.h"
 
 #include <algorithm>
@@ -38,6 +39,7 @@ void EventDispatcher::remove(Vt_EventHandler* handler)
 
 bool EventDispatcher::send(const Vt_Event& event, int mode)
 {
+    mRefreshWatch.sent(event, HostBus::hasService());
     if (HostBus::send(BusSignals::event, EventWire::pack(event, mode)))
         return true;
     QMetaObject::invokeMethod(
@@ -56,6 +58,14 @@ void EventDispatcher::listen()
         else
             logger(3, "%s is dropped: it does not come from the service", event.name().c_str());
     });
+    HostBus::onServiceLost(this, [this] { mRefreshWatch.serviceLost(); });
+}
+
+// In the service's name, but only here: other processes have not asked.
+void EventDispatcher::giveUpRefresh()
+{
+    logger(3, "no service reports on the refresh: it has failed to connect");
+    deliver(Vt_Event(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS, STATUS_CONNECT_FAILED));
 }
 
 bool EventDispatcher::isStillThere(int number) const
@@ -66,6 +76,7 @@ bool EventDispatcher::isStillThere(int number) const
 
 void EventDispatcher::deliver(const Vt_Event& event)
 {
+    mRefreshWatch.received(event);
     // A handler may subscribe others, unsubscribe or delete them, and run an event loop.
     const std::vector<Subscription> subscriptions = mSubscriptions;
     for (const Subscription& subscription : subscriptions)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RefreshWatch.h"
 #include "Vt_Event.h"
 
 #include <QObject>
@@ -34,8 +35,10 @@ private:
     void listen();
     bool isStillThere(int number) const;
     void deliver(const Vt_Event& event);
+    void giveUpRefresh();
 
     std::vector<Subscription> mSubscriptions;
     int mLastNumber = 0;
     bool mListening = false;
+    RefreshWatch mRefreshWatch{[this] { giveUpRefresh(); }};
 };

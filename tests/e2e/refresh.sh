@@ -47,8 +47,13 @@ forget
 press F1
 wait_for in_log "Notify status: 4"
 phone_service_end KILL
-press F2
-wait_for on_bus ABORT
+wait_for in_log "showErrDlg, state is 4"
+
+echo "and stays away, which Retry is told, too"
+forget
+press F1
+wait_for in_log "showErrDlg, state is 4"
+press Escape
 
 echo "ended with a run hidden"
 phone_service --step-ms 3600000

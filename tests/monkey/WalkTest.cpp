@@ -1,6 +1,7 @@
 #include "Dice.h"
 #include "MenuSettings.h"
 #include "MenuViewer.h"
+#include "RefreshWatch.h"
 #include "ViewTest.h"
 
 #include <QAbstractScrollArea>
@@ -288,6 +289,7 @@ TEST(Walk, AnythingAtAllLeavesTheMenuWhole)
 {
     qputenv("VISTANE_HANDOVER", "off");
     ManRefreshView::retryPause = 0;
+    RefreshWatch::patience = 0;
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
         ADD_FAILURE() << message.left(300).toStdString();
     });

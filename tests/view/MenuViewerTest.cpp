@@ -41,6 +41,7 @@ TEST(MenuViewer, AsksInOrder)
     entry.value = "Value";
     NodeSpy node({&entry});
     node.enabled = false;
+    takeTrace();
     for (const auto& [keys, accepted] : cases) {
         MenuViewer viewer(&node, true, nullptr, nullptr);
         const Await<UMessageDlg> warning([&] { pressOrClose(viewer, keys); });

@@ -164,12 +164,13 @@ inline Lines popups()
     return shown;
 }
 
-// Most texts are their own keys, and a retry does not pause.
+// Most texts are their own keys, a retry does not pause, and there is a service.
 class RefreshTest : public testing::Test
 {
 protected:
     void SetUp() override
     {
+        EXPECT_TRUE(HostBus::ownServiceName());
         ManRefreshView::retryPause = 0;
         setStringSetting(GROUP_MENU, "ManRefresh.Instruction.DownloadSuccessed", "%1 stories, %2 KB");
     }

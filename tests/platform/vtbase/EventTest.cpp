@@ -1,4 +1,7 @@
 #include "LogCapture.h"
+#include "NR_Constants.h"
+#include "RefreshWatch.h"
+#include "Table.h"
 #include "Vt_Event.h"
 #include "Vt_EventAndStatusFacade.h"
 #include "Vt_EventHandler.h"
@@ -109,4 +112,33 @@ TEST(Event, WithoutABusTheProcessStillHearsItself)
     EXPECT_TRUE(QTest::qWaitFor([&] { return handler.received.size() == 2; }));
     EXPECT_EQ(handler.received[1].value(), 2);
     EXPECT_EQ(log.lines().size(), 1u) << log.text();
+}
+
+// i: a refresh is asked for while there is no service, I: while there is one; x: it is given up; digits and q: reports;
+// l: the service goes away; a dot lets time pass.
+TEST(RefreshWatch, GivesUpWhatNobodyReportsOn)
+{
+    RefreshWatch::patience = 0;
+    for (const auto& [actions, givenUp] :
+         table<2>("i.|1;I.|0;Il.|1;i4.|0;i9.|0;i4l.|1;I9l.|1;I1l4.|0;I0l.|0;I2l.|0;I3l.|0;"
+                  "Iql.|0;Ixl.|0;ix.|0;l.|0;4l.|0;i.i.|2;i.l.|1;Il.l.|1")) {
+        int count = 0;
+        RefreshWatch watch([&] { ++count; });
+        for (const char action : actions) {
+            if (action == 'l')
+                watch.serviceLost();
+            else if (action == '.')
+                QTest::qWait(1);
+            else if (action == 'q')
+                watch.received(Vt_Event(NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR));
+            else if (action == 'x')
+                watch.sent(Vt_Event(NR_Constants::EVENT_ABORT_MANUAL_REFRESH), true);
+            else if (action == 'i' || action == 'I')
+                watch.sent(Vt_Event(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH), action == 'I');
+            else
+                watch.received(Vt_Event(NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS, action - '0'));
+        }
+        EXPECT_EQ(std::to_string(count), givenUp) << actions;
+    }
+    RefreshWatch::patience = 1000;
 }

@@ -8,8 +8,12 @@
 #include "Vt_RkEventStatusAdapter.h"
 #include "vtString.h"
 
+#include <QTest>
+
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+
+#include <filesystem>
 
 using namespace std::string_literals;
 
@@ -78,6 +82,25 @@ TEST(Setting, AnotherProgramsWriteIsSeenByTheNextRead)
             ASSERT_EQ(number, user.value_or(pack0.value_or(-1))) << i;
         }
     }
+}
+
+// Whoever waits for one only asks, again and again.
+TEST(Fact, IsFoundInAFileThatComesLater)
+{
+    const QTemporaryDir dir;
+    const std::string path = dir.filePath("core.db").toStdString();
+    std::filesystem::create_directory(path); // in its place
+    CoreStore waiting(path);
+    std::string text;
+    EXPECT_EQ(waiting.fact("imsi", text), STORE_NOT_FOUND);
+    std::filesystem::remove(path);
+    ASSERT_EQ(CoreStore(path).setFact("imsi", "1"), STORE_OK);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return waiting.fact("imsi", text) == STORE_OK; }));
+
+    std::filesystem::remove(path);
+    ASSERT_EQ(CoreStore(path).setFact("msisdn", "2"), STORE_OK);
+    EXPECT_EQ(waiting.fact("msisdn", text), STORE_OK);
+    EXPECT_TRUE(waiting.isOnDisk());
 }
 
 TEST(Fact, WhatTheDeviceCannotTellLeavesTheOutputAlone)
