@@ -210,6 +210,7 @@ TEST_F(ListTest, AHeldKeyIsKnownWithoutItsMark)
     send(QEvent::KeyRelease, 1600);
     send(QEvent::KeyPress, 1800);
     EXPECT_EQ(selected.size(), 2);
+    send(QEvent::KeyRelease, 1900);
 }
 
 TEST_F(ListTest, LayersFollowTheScreen)
