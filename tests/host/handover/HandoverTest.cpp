@@ -1,3 +1,5 @@
+#include "Handover.h"
+
 #include "AM_ActionData.h"
 #include "AM_LauncherClient.h"
 #include "DesktopStandIn.h"
@@ -22,19 +24,20 @@ const std::string calendar = "5c2d7a10-8e4b-4f3a-9b61-0d7e2c4a9f35";
 
 TEST(Handover, StartsTheProgramThatIsInstalledUnlessItIsOff)
 {
-    DesktopStandIn desktop({"kaddressbook"}); // the second one of the table
+    DesktopStandIn desktop({"xdg-open", "kaddressbook"}); // the second one of the table
     PlatformRequests requests;
     EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, false), 0);
     EXPECT_EQ(desktop.take(1).at(0).words, std::vector{"kaddressbook"s});
 
     qputenv("VISTANE_HANDOVER", "off");
-    EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, true), 0);
+    EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, "off", 0, true, true), 0);
     EXPECT_EQ(AM_LauncherClient::openDocument("rtsp://h\0\xff"s, "a\xe2\x82", true), 0);
     const std::vector<std::string> expected = {
-        "launchAppObject|" + addressBook + "||0|true|false", "launchAppObject|" + addressBook + "||0|true|true",
+        "launchAppObject|" + addressBook + "||0|true|false",
+        "launchAppObject|" + addressBook + "|off|0|true|true",
         "openDocument|rtsp://h\xef\xbf\xbd\xef\xbf\xbd|a\xef\xbf\xbd\xef\xbf\xbd|true"};
     EXPECT_EQ(requests.take(), expected);
-    EXPECT_TRUE(desktop.take(0).empty());
+    EXPECT_EQ(Handover::lastStarted(), std::vector{"kaddressbook"s}) << "nothing since";
 }
 
 TEST(Handover, RefusesWhatItDoesNotKnowAndSaysSo)
