@@ -56,9 +56,9 @@ struct Vistanectl
                 process.readAllStandardError().toStdString()};
     }
 
-    // Runs commands one after the other. A row has a command, its exit status, the whole of what it prints and a part of
-    // what it complains of, where nothing means that it does not. "^" stands for a line feed, "~" for a space within an
-    // argument.
+    // Runs commands one after the other. A row has a command, its exit status, the whole of what it prints and a part
+    // of what it complains of, where nothing means that it does not. "^" stands for a line feed, "~" for a space within
+    // an argument.
     void runAll(const std::string& rows) const
     {
         QString text = QString::fromStdString(rows);
@@ -176,7 +176,8 @@ TEST_F(Command, MachinesGetJson)
 --json get @rate|0|{"key":"@rate","type":"int","value":1}^
 list VtCore.Menu.Details.t --json|0|[^{"key":"@title","layer":"user","type":"string","value":"a\tb\\n\"c\""}^]^
 list Nothing --json|0|[]^
-profile list --json|0|[^{"current":true,"id":"p1","name":"One","selectable":true},^{"current":false,"id":"p2","name":"Two","selectable":false}^]^)");
+profile list --json|0|[^{"current":true,"id":"p1","name":"One","selectable":true},^)"
+           R"({"current":false,"id":"p2","name":"Two","selectable":false}^]^)");
 }
 
 TEST_F(Command, WithoutAStoreOrABusNothingIsPretended)
@@ -252,8 +253,8 @@ TEST(StandIn, ItsTimeStopsWhereTheStoresNumbersEnd)
     EXPECT_TRUE(QTest::qWaitFor([&] { return updated() == 2147483647; })) << updated();
 }
 
-// What lint says, its lines joined by "^", of a shipped pack in which some values are others: "key=new value/key that is
-// taken away".
+// What lint says, its lines joined by "^", of a shipped pack in which some values are others: "key=new value/key that
+// is taken away".
 std::string lint(const QString& packName, const std::string& edits)
 {
     QString pack = contentOf("share/packs/" + packName);
