@@ -11,8 +11,16 @@ namespace PhoneKeys {
 
 enum SoftKey { Left = 0, Right = 1 };
 
-// The soft key, if it is one: F1 and F9 the left one; F2, F11 and Escape the right one.
+// The one Qt::Key that stands for all keys of keyboards and phones which mean the same: F1 and F2 the soft keys, Return
+// the key in the middle, End the red one, PageUp and PageDown, 0 to 9, Asterisk and NumberSign. Every other key is
+// itself.
+int meaning(const QKeyEvent& event);
+
+// The soft key, if it is one.
 std::optional<SoftKey> softKey(const QKeyEvent& event);
+
+// The row of a list that the digits 1 to 9 choose, counted from 0.
+std::optional<int> row(const QKeyEvent& event);
 
 // Comes from a key that is held down: such a press opens and confirms nothing.
 bool isHeld(const QKeyEvent& event);
@@ -47,6 +55,6 @@ private:
 
     quint32 mReleasedCode = 0; // of the key that was released last
     quint64 mReleasedAt = 0;
-    quint32 mDownCode = 0; // of the soft key or select key that was pressed first, until a key is released
+    quint32 mDownCode = 0; // of the key that opens or answers and was pressed first, until a key is released
     bool mDropsInput = false;
 };

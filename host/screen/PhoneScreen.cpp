@@ -123,7 +123,7 @@ bool PhoneScreen::focusNextPrevChild(bool /*next*/)
 
 void PhoneScreen::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_End && !PhoneKeys::isHeld(*event))
+    if (PhoneKeys::meaning(*event) == Qt::Key_End && !PhoneKeys::isHeld(*event))
         emit redKeyPressed();
 }
 

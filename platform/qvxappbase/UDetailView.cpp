@@ -2,12 +2,13 @@
 
 #include "FingerScroll.h"
 #include "Look.h"
+#include "PhoneKeys.h"
 #include "ScrollMark.h"
 #include "UDetailItem.h"
 #include "WrappedText.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -69,6 +70,22 @@ void UDetailView::paintEvent(QPaintEvent* /*event*/)
             continue;
         painter.setPen(line.isHeading ? Look::heading : Look::text);
         line.text.draw(painter, QPointF(Look::margin, top), 0, bottom);
+    }
+}
+
+void UDetailView::keyPressEvent(QKeyEvent* event)
+{
+    switch (PhoneKeys::meaning(*event)) {
+    case Qt::Key_PageUp:
+    case Qt::Key_Asterisk:
+        verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
+        break;
+    case Qt::Key_PageDown:
+    case Qt::Key_NumberSign:
+        verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+        break;
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
     }
 }
 

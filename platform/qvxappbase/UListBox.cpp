@@ -137,12 +137,14 @@ QSize UListBox::sizeHint() const
 void UListBox::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
-    switch (event->key()) {
+    // A key that is held must neither run in circles nor down the whole tree.
+    const bool isHeld = PhoneKeys::isHeld(*event);
+    switch (PhoneKeys::meaning(*event)) {
     case Qt::Key_Up:
-        setCurrentItem(currentRow() - 1, true);
+        setCurrentItem(currentRow() == 0 && !isHeld ? count() - 1 : currentRow() - 1, true);
         return;
     case Qt::Key_Down:
-        setCurrentItem(currentRow() + 1, true);
+        setCurrentItem(currentRow() == count() - 1 && !isHeld ? 0 : currentRow() + 1, true);
         return;
     case Qt::Key_PageUp:
         setCurrentItem(rowOnePageFrom(currentRow(), -1), true);
@@ -153,10 +155,14 @@ void UListBox::keyPressEvent(QKeyEvent* event)
     default:
         break;
     }
-    if (mRadio || !PhoneKeys::isSelect(*event))
-        event->ignore();
-    else if (!PhoneKeys::isHeld(*event)) // A key that is held must not run down the whole tree.
-        choose(currentRow());
+    const std::optional<int> row = PhoneKeys::row(*event);
+    if (mRadio || !(row || PhoneKeys::isSelect(*event)))
+        return event->ignore();
+    if (isHeld || row >= count())
+        return;
+    if (row)
+        setCurrentItem(*row, true);
+    choose(currentRow());
 }
 
 // A row that is not shown cannot be meant.

@@ -138,7 +138,17 @@ void UPopup::keyPressEvent(QKeyEvent* event)
     // Accepted first: the key may delete this pop-up. A key that is still held from before does not answer.
     event->accept();
     if (!PhoneKeys::isHeld(*event))
-        mSoftKeyBar->press(*key);
+        press(*key);
+}
+
+void UPopup::press(int softKey)
+{
+    mSoftKeyBar->press(softKey);
+}
+
+bool UPopup::isBeside(const QPointF& point) const
+{
+    return point.y() < mPanel->y();
 }
 
 // Signals come last: whoever gets them may delete this pop-up.

@@ -54,6 +54,12 @@ protected:
     // What gets the keys that are no soft keys.
     void setKeyReceiver(QWidget* receiver);
 
+    // As if a person pressed the soft key, USoftKey::Left or Right. The pop-up may be gone afterwards.
+    void press(int softKey);
+
+    // Whether a point is on the page behind.
+    bool isBeside(const QPointF& point) const;
+
     // Asked before the left key confirms; false keeps the pop-up where it is.
     virtual bool mayConfirm() { return true; }
 

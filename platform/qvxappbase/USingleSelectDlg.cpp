@@ -1,11 +1,15 @@
 #include "USingleSelectDlg.h"
 
 #include "Look.h"
+#include "PhoneKeys.h"
 #include "TextBlock.h"
 #include "UListBox.h"
 #include "UListItem.h"
 
+#include <QMouseEvent>
 #include <QVBoxLayout>
+
+#include <utility>
 
 USingleSelectDlg::USingleSelectDlg(const QString& caption, const QString& instruction, QWidget* parent,
                                    const char* name, bool modal, int flags, int)
@@ -22,6 +26,29 @@ USingleSelectDlg::USingleSelectDlg(const QString& caption, const QString& instru
     setSoftkeyTextLeft(UPopup::tr("TXT_RID_SOFTKEY_OK", "OK"));
     setSoftkeyTextRight(UPopup::tr("TXT_RID_SOFTKEY_CANCEL", "Cancel"));
     connect(mListBox, &UListBox::selected, this, [this](int row) { mListBox->checkItem(row, true); });
+}
+
+void USingleSelectDlg::keyPressEvent(QKeyEvent* event)
+{
+    const std::optional<int> row = PhoneKeys::row(*event);
+    if (!row)
+        return UPopup::keyPressEvent(event);
+    event->accept();
+    if (*row >= mListBox->count() || PhoneKeys::isHeld(*event))
+        return;
+    mListBox->setCurrentItem(*row, true);
+    press(PhoneKeys::Left);
+}
+
+void USingleSelectDlg::mousePressEvent(QMouseEvent* event)
+{
+    mPressedBeside = isBeside(event->position());
+}
+
+void USingleSelectDlg::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (std::exchange(mPressedBeside, false) && isBeside(event->position()))
+        press(PhoneKeys::Right);
 }
 
 bool USingleSelectDlg::mayConfirm()

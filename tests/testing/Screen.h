@@ -19,6 +19,12 @@ inline void press(const std::vector<Qt::Key>& keys)
         QTest::keyClick(PhoneScreen::instance()->windowHandle(), key);
 }
 
+// Taps the screen at a place of the window.
+inline void tap(const QPoint& place)
+{
+    QTest::mouseClick(PhoneScreen::instance()->windowHandle(), Qt::LeftButton, {}, place);
+}
+
 // A press that returns as soon as it is dealt with: no event loop runs before.
 inline void pressAtOnce(Qt::Key key)
 {

@@ -115,11 +115,11 @@ TEST(FormViewer, ShowsTheChoices)
     FormViewer viewer(&form, nullptr, QStringLiteral("Caption"), QStringLiteral("Choose:"));
     const Await<FormViewer> shown([&] {
         EXPECT_EQ(rowsOf(viewer), (Lines{"One", "[Two]", "[]", "Not DISABLE:d", "disable:low", ""}));
-        // Enter on a greyed choice is no answer.
-        Screen::press({Qt::Key_Up, Qt::Key_Return});
+        // Neither Enter nor a digit on a greyed choice is an answer, nor a digit without one.
+        Screen::press({Qt::Key_Up, Qt::Key_Return, Qt::Key_9, Qt::Key_2});
         EXPECT_TRUE(PhoneScreen::instance()->isOnTop(&viewer));
         EXPECT_EQ(viewer.getListBox()->radioItemChecked(), 3);
-        Screen::press({Qt::Key_F2});
+        Screen::tap({20, 10}); // beside it
     });
     EXPECT_EQ(viewer.exec(), 0);
 }
@@ -142,6 +142,7 @@ TEST(FormViewer, AppliesWhatIsConfirmed)
     } cases[] = {
         {"only one choice", none, none, "optionCount setValue:0 " + rebuilt},
         {"another choice", {Qt::Key_Down, Qt::Key_Return}, none, opened + "needsWarning:1 " + applied},
+        {"by its digit", {Qt::Key_2}, none, opened + "needsWarning:1 " + applied},
         {"the same choice", {Qt::Key_F1}, none, opened + "needsWarning:0 setValue:0 "},
         {"given up", {Qt::Key_Down, Qt::Key_F2}, none, opened},
         {"confirmed as the phone goes idle", {Qt::Key_Down, Qt::Key_F1, Qt::Key_End}, none, opened},

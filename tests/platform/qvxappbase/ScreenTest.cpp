@@ -28,17 +28,18 @@ void toWindow(QEvent&& event)
 }
 
 // A key by Qt's name: "F1" is pressed and released, "+F1" goes down, "-F1" goes up, "*F1" repeats while it is held, and
-// so does "~F1" on a display that sends this as a release and a press of one moment.
+// so does "~F1" on a display that sends this as a release and a press of one moment. "code522" is a key without a name.
 void key(const QString& sign)
 {
     static quint64 time = 0;
     time += 100;
     const qsizetype hasSign = sign.size() > 1 && QString("+-*~").contains(sign[0]);
     const QString name = sign.sliced(hasSign);
-    const Qt::Key code = QKeySequence(name)[0].key();
+    const bool isNameless = name.startsWith("code");
+    const int code = isNameless ? name.sliced(4).toInt() : QKeySequence(name)[0].key();
     for (const QChar part : QString(!hasSign ? "+-" : sign[0] == '~' ? "-+" : sign.first(1))) {
-        QKeyEvent event(part == '-' ? QEvent::KeyRelease : QEvent::KeyPress, code, {}, code, 0, 0,
-                        name.size() == 1 ? name : QString(), part == '*');
+        QKeyEvent event(part == '-' ? QEvent::KeyRelease : QEvent::KeyPress, isNameless ? 0 : code, {}, code, 0,
+                        0, name.size() == 1 ? name : QString(), part == '*');
         event.setTimestamp(time);
         toWindow(std::move(event));
     }
@@ -141,13 +142,19 @@ TEST(Screen, AnswersKeysAndTaps)
 {
     // Which row is highlighted, what a person does, which row is highlighted then, what comes of it, and why.
     for (const auto& [before, actions, after, heard, why] : table<5>(R"(
-0|Up|0
-29|Down|29
+0|Up|29||round and round
+29|Down|0
+0|*Up|0||but a held key stops
+29|*Down|29
 3|Down Down|5||over a greyed row
 5|Up Up|3||also upwards
 0|PgDown|last||as many rows as there is room for
-4|PgDown PgUp|4||a greyed row can be left
-0|2 9|0||letters do not search
+4|Right Left|4||a greyed row can be left
+0|2 5 9|8|1 8|a digit chooses its row, unless that is greyed
+0|*2|0
+0|A|0||letters do not search
+0|Context1 Context2 Back Call Hangup Select|0|left right right 0 idle0 0|as phones call them
+0|code522 code704 code705|1|1 left right|keys without a name
 0|Return *Return|0|0|a held key chooses once
 0|+Return ~Return ~Return -Return +Return -Return|0|0 0|known without its mark
 4|Return|4||greyed
