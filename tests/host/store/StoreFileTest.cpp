@@ -1,4 +1,5 @@
 #include "CoreStore.h"
+#include "FileContent.h"
 #include "LogCapture.h"
 #include "Sqlite.h"
 
@@ -44,12 +45,6 @@ protected:
 
     QTemporaryDir mDir;
 };
-
-std::string contentOf(const std::string& path)
-{
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 bool startsFromThePack(CoreStore& store)
 {
