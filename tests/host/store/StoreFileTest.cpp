@@ -1,6 +1,7 @@
 #include "CoreStore.h"
 #include "FileContent.h"
 #include "LogCapture.h"
+#include "Processes.h"
 #include "Sqlite.h"
 
 #include <QElapsedTimer>
@@ -15,7 +16,6 @@
 #include <functional>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -82,12 +82,17 @@ TEST_F(StoreFileTest, AnInterruptedFirstStartIsMadeUpFor)
 
 TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
 {
-    const std::string log(300, 'L');
-    const auto writeLog = [&] { std::ofstream(path() + "-wal") << log; };
+    const auto writeFile = [&](const char* content) { std::ofstream(path()) << content; };
+    const auto writeLog = [&] { std::ofstream(path() + "-wal") << std::string(300, 'L'); };
+    const auto changeSize = [&](int bytes) {
+        makeStore();
+        fs::resize_file(path(), fs::file_size(path()) + bytes);
+    };
+    const auto makeAndRun = [&](const char* statements) { makeStore(), sql(statements); };
     const std::pair<const char*, std::function<void()>> spoilers[] = {
-        {"no database", [&] { std::ofstream(path()) << "Dear diary, this is no database.\n"; }},
-        {"of a few bytes", [&] { std::ofstream(path()) << "SQLite format 3"; }},
-        {"empty beside its log", [&] { std::ofstream(path()).close(), writeLog(); }},
+        {"no database", [&] { writeFile("Dear diary, this is no database.\n"); }},
+        {"of a few bytes", [&] { writeFile("SQLite format 3"); }},
+        {"empty beside its log", [&] { writeFile(""), writeLog(); }},
         {"gone, its log left", writeLog},
         {"another program's", [&] { sql("CREATE TABLE diary(entry)"); }},
         {"newer", [&] { sql("PRAGMA user_version = 99"); }},
@@ -96,22 +101,16 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
              makeStore();
              std::fstream(path(), std::ios::in | std::ios::out).seekp(4096) << std::string(4096, '\xa5');
          }},
-        {"cut", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) - 4096); }},
-        {"cut within a page", [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) - 96); }},
-        {"longer by a part of a page",
-         [&] { makeStore(), fs::resize_file(path(), fs::file_size(path()) + 96); }},
-        {"without a table", [&] { makeStore(), sql("DROP TABLE profile"); }},
-        {"with a table more", [&] { makeStore(), sql("CREATE TABLE more(a)"); }},
-        {"with an index more", [&] { makeStore(), sql("CREATE INDEX more ON setting(value)"); }},
+        {"cut", [&] { changeSize(-4096); }},
+        {"cut within a page", [&] { changeSize(-96); }},
+        {"longer by a part of a page", [&] { changeSize(96); }},
+        {"without a table", [&] { makeAndRun("DROP TABLE profile"); }},
+        {"with a table more", [&] { makeAndRun("CREATE TABLE more(a)"); }},
+        {"with an index more", [&] { makeAndRun("CREATE INDEX more ON setting(value)"); }},
         {"a view for a table",
-         [&] {
-             makeStore(), sql("DROP TABLE fact; CREATE VIEW fact AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
-                              "SELECT i + 1 FROM n) SELECT i AS name, i AS value FROM n");
-         }},
+         [&] { makeAndRun("DROP TABLE fact; CREATE VIEW fact AS SELECT 1 AS name, 2 AS value"); }},
         {"a trigger that forgets",
-         [&] {
-             makeStore(), sql("CREATE TRIGGER forget AFTER INSERT ON setting BEGIN DELETE FROM setting; END");
-         }},
+         [&] { makeAndRun("CREATE TRIGGER forget AFTER INSERT ON setting BEGIN DELETE FROM setting; END"); }},
     };
     int count = 0;
     for (const auto& [what, spoil] : spoilers) {
@@ -177,19 +176,16 @@ TEST_F(StoreFileTest, AFileThatIsReplacedIsNoticedByTheNextWrite)
     makeStore();
     fs::rename(path(), folder() + "/other.db");
     CoreStore store(path());
-    const auto expectUsed = [&] {
+    fs::rename(folder() + "/other.db", path());
+    for (const StoreStatus mine : {STORE_OK, STORE_NOT_FOUND}) {
         const LogCapture log;
         SettingValue value;
         EXPECT_EQ(store.write(menu, "later", 1), STORE_OK);
+        EXPECT_EQ(store.read(menu, "mine", value), mine) << "it is the new one";
         EXPECT_EQ(CoreStore(path()).read(menu, "later", value), STORE_OK);
         EXPECT_NE(log.text().find("was replaced"), std::string::npos);
-    };
-    fs::rename(folder() + "/other.db", path());
-    expectUsed();
-    SettingValue value;
-    EXPECT_EQ(store.read(menu, "mine", value), STORE_OK) << "it is the new one";
-    fs::remove(path());
-    expectUsed();
+        fs::remove(path());
+    }
 }
 
 // A person waits for the screen meanwhile, and for all that one choice writes.
@@ -197,23 +193,23 @@ TEST_F(StoreFileTest, AStrangersLockIsWaitedForOnceAndNotLong)
 {
     makeStore();
     Sqlite::Connection stranger;
-    ASSERT_TRUE(stranger.open(path(), SQLITE_OPEN_READWRITE).isOk());
-    const int folderLock = open(folder().c_str(), O_RDONLY | O_DIRECTORY);
-    ASSERT_EQ(flock(folderLock, LOCK_EX), 0);
-    ASSERT_TRUE(stranger.execute("BEGIN IMMEDIATE").isOk());
+    ASSERT_TRUE(stranger.open(path(), SQLITE_OPEN_READWRITE).isOk() &&
+                stranger.execute("BEGIN IMMEDIATE").isOk());
+    const int file = open(path().c_str(), O_RDONLY);
+    ASSERT_EQ(flock(file, LOCK_EX), 0);
     QElapsedTimer time;
     time.start();
     CoreStore store(path());
-    EXPECT_LT(time.elapsed(), 2500) << "no lock holds up a start";
+    EXPECT_LT(time.restart(), 2500) << "no lock holds up a start";
     for (int i = 0; i < 20; ++i)
         EXPECT_EQ(store.write(menu, "mine", i), STORE_BUSY);
     EXPECT_GE(time.elapsed(), 300);
-    EXPECT_LT(time.elapsed(), 8000) << "twenty times the patience were ten seconds";
+    EXPECT_LT(time.elapsed(), 6000) << "twenty times the patience were ten seconds";
     SettingValue value;
     EXPECT_EQ(store.read(menu, "mine", value), STORE_OK);
     ASSERT_TRUE(stranger.execute("ROLLBACK").isOk());
     EXPECT_EQ(store.write(menu, "mine", 8), STORE_OK);
-    close(folderLock);
+    close(file);
 }
 
 TEST_F(StoreFileTest, WithoutAFileTheStoreLivesInMemory)
@@ -227,8 +223,6 @@ TEST_F(StoreFileTest, WithoutAFileTheStoreLivesInMemory)
         CoreStore store(folder() + name);
         EXPECT_FALSE(store.isOnDisk());
         EXPECT_EQ(store.write(menu, "mine", 7), STORE_UNWRITABLE);
-        EXPECT_EQ(store.reset(menu, titleKey), STORE_UNWRITABLE);
-        EXPECT_EQ(store.setFact("imsi", "1"), STORE_UNWRITABLE);
         EXPECT_EQ(store.installPack({}), STORE_UNWRITABLE);
         EXPECT_TRUE(startsFromThePack(store));
         EXPECT_EQ(log.lines().size(), 1u) << log.text();
@@ -238,61 +232,33 @@ TEST_F(StoreFileTest, WithoutAFileTheStoreLivesInMemory)
 
 TEST_F(StoreFileTest, ProgramsThatStartTogetherAgreeOnOneFile)
 {
-    const auto startTogether = [](const std::string& where) {
-        std::vector<pid_t> children;
-        for (int i = 0; i < 6; ++i) {
-            children.push_back(fork());
-            if (children.back() == 0) {
-                const LogCapture log;
-                _exit(CoreStore(where).write(menu, "key" + std::to_string(i), i));
-            }
-        }
-        for (int i = 0; i < 6; ++i) {
-            int status = -1;
-            SettingValue value;
-            waitpid(children[i], &status, 0);
-            EXPECT_EQ(status, 0) << where;
-            EXPECT_EQ(CoreStore(where).read(menu, "key" + std::to_string(i), value), STORE_OK) << where;
-        }
-    };
     std::ofstream(path()) << "no database";
-    startTogether(path());
+    for (int start = 0; start < 20; ++start) {
+        const std::string where =
+            start == 0 ? path() : folder() + "/new" + std::to_string(start) + "/x/y/core.db";
+        EXPECT_TRUE(succeedTogether(6, [&where](int i) {
+            const LogCapture log;
+            return CoreStore(where).write(menu, std::to_string(i), i);
+        }));
+        SettingValue value;
+        for (int i = 0; i < 6; ++i)
+            EXPECT_EQ(CoreStore(where).read(menu, std::to_string(i), value), STORE_OK) << where;
+    }
     EXPECT_TRUE(isSetAside(1) && !isSetAside(2));
-    for (int i = 0; i < 20; ++i)
-        startTogether(folder() + "/new" + std::to_string(i) + "/x/y/core.db");
 }
 
-// Is, while it lives, a user whom file permissions bind, which they don't bind root.
-class AsNobody
-{
-public:
-    explicit AsNobody(const std::string& folder)
-    {
-        if (geteuid() != 0)
-            return;
-        for (const auto& entry : fs::recursive_directory_iterator(folder))
-            EXPECT_EQ(chown(entry.path().c_str(), nobody, nobody), 0);
-        EXPECT_EQ(chown(folder.c_str(), nobody, nobody), 0);
-        EXPECT_EQ(seteuid(nobody), 0);
-    }
-    ~AsNobody() { EXPECT_EQ(seteuid(getuid()), 0); }
-
-private:
-    static constexpr uid_t nobody = 65534;
-};
-
-// What a user may do with the file and its folder, whether a write of another program waits beside it, and what comes of
-// that: the store is read, or stands aside for a new one, or is not touched.
+// What everybody may do with the file and its folder, whether a write of another program waits beside it, and what comes
+// of that: the store is read, or stands aside for a new one, or is not touched.
 TEST_F(StoreFileTest, AFileThatCannotBeWrittenIsReadOrLeftAlone)
 {
     enum Outcome { Read, SetAside, LeftAlone };
     const std::tuple<mode_t, mode_t, const char*, Outcome> cases[] = {
-        {0400, 0700, "", Read},
-        {0400, 0500, "", Read},
-        {0600, 0500, "", Read},
-        {0600, 0500, "-wal", LeftAlone},
-        {0600, 0500, "-journal", LeftAlone},
-        {0000, 0700, "", SetAside},
+        {0444, 0777, "", Read},
+        {0444, 0555, "", Read},
+        {0666, 0555, "", Read},
+        {0666, 0555, "-wal", LeftAlone},
+        {0666, 0555, "-journal", LeftAlone},
+        {0000, 0777, "", SetAside},
     };
     for (const auto& [file, folderMode, companion, outcome] : cases) {
         SCOPED_TRACE(std::to_string(file) + ' ' + std::to_string(folderMode) + companion);
@@ -300,9 +266,9 @@ TEST_F(StoreFileTest, AFileThatCannotBeWrittenIsReadOrLeftAlone)
         const std::string before = contentOf(path());
         if (*companion)
             std::ofstream(path() + companion) << "a write that waits";
-        const AsNobody user(folder());
         chmod(path().c_str(), file);
         chmod(folder().c_str(), folderMode);
+        ASSERT_EQ(seteuid(getuid() == 0 ? 65534 : getuid()), 0) << "these modes do not bind root";
         {
             const LogCapture log;
             CoreStore store(path());
@@ -312,6 +278,7 @@ TEST_F(StoreFileTest, AFileThatCannotBeWrittenIsReadOrLeftAlone)
             EXPECT_EQ(store.read(menu, "mine", value), outcome == LeftAlone ? STORE_NOT_FOUND : STORE_OK);
             EXPECT_TRUE(outcome != Read || value == SettingValue(7));
         }
+        ASSERT_EQ(seteuid(getuid()), 0);
         chmod(folder().c_str(), 0700);
         EXPECT_EQ(isSetAside(1), outcome == SetAside);
         const std::string kept = path() + (outcome == SetAside ? ".set-aside-1" : "");
