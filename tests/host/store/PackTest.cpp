@@ -152,14 +152,10 @@ TEST(Pack, AProfileIsInForceWheneverOneCanBeChosen)
         ASSERT_EQ(core.installPack(pack), STORE_OK);
         EXPECT_EQ(profileInForce(), expected);
     }
-    core.addProfile({"locked", "L", false});
-    EXPECT_EQ(profileInForce(), "");
     core.addProfile({"a", "A", true});
     core.addProfile({"b", "B", true});
     EXPECT_EQ(profileInForce(), "a");
     EXPECT_EQ(core.removeProfile("a"), STORE_OK);
     EXPECT_EQ(profileInForce(), "b");
     EXPECT_EQ(core.removeProfile("a"), STORE_NOT_FOUND);
-    core.removeProfile("b");
-    EXPECT_EQ(profileInForce(), "");
 }

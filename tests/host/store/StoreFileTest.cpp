@@ -82,7 +82,6 @@ TEST_F(StoreFileTest, AnInterruptedFirstStartIsMadeUpFor)
 
 TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
 {
-    const auto writeFile = [&](const char* content) { std::ofstream(path()) << content; };
     const auto writeLog = [&] { std::ofstream(path() + "-wal") << std::string(300, 'L'); };
     const auto changeSize = [&](int bytes) {
         makeStore();
@@ -90,9 +89,8 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
     };
     const auto makeAndRun = [&](const char* statements) { makeStore(), sql(statements); };
     const std::pair<const char*, std::function<void()>> spoilers[] = {
-        {"no database", [&] { writeFile("Dear diary, this is no database.\n"); }},
-        {"of a few bytes", [&] { writeFile("SQLite format 3"); }},
-        {"empty beside its log", [&] { writeFile(""), writeLog(); }},
+        {"of a few bytes", [&] { std::ofstream(path()) << "SQLite format 3"; }},
+        {"empty beside its log", [&] { std::ofstream(path()).close(), writeLog(); }},
         {"gone, its log left", writeLog},
         {"another program's", [&] { sql("CREATE TABLE diary(entry)"); }},
         {"newer", [&] { sql("PRAGMA user_version = 99"); }},
@@ -102,10 +100,8 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
              std::fstream(path(), std::ios::in | std::ios::out).seekp(4096) << std::string(4096, '\xa5');
          }},
         {"cut", [&] { changeSize(-4096); }},
-        {"cut within a page", [&] { changeSize(-96); }},
         {"longer by a part of a page", [&] { changeSize(96); }},
         {"without a table", [&] { makeAndRun("DROP TABLE profile"); }},
-        {"with a table more", [&] { makeAndRun("CREATE TABLE more(a)"); }},
         {"with an index more", [&] { makeAndRun("CREATE INDEX more ON setting(value)"); }},
         {"a view for a table",
          [&] { makeAndRun("DROP TABLE fact; CREATE VIEW fact AS SELECT 1 AS name, 2 AS value"); }},
@@ -136,11 +132,10 @@ TEST_F(StoreFileTest, AFileThatIsNoWholeStoreIsKeptUnderAnotherName)
 TEST_F(StoreFileTest, AFileOfAnEarlierProgramIsBroughtUpToDate)
 {
     makeStore();
-    sql("ALTER TABLE setting RENAME TO s; CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer "
-        "INTEGER NOT "
-        "NULL, type INTEGER NOT NULL, value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID; INSERT INTO "
-        "setting "
-        "SELECT * FROM s; DROP TABLE s; PRAGMA user_version = 1");
+    sql(R"(ALTER TABLE setting RENAME TO s;
+           CREATE TABLE setting(grp INTEGER NOT NULL, key TEXT NOT NULL, layer INTEGER NOT NULL, type INTEGER NOT NULL,
+                                value NOT NULL, PRIMARY KEY(grp, key, layer)) WITHOUT ROWID;
+           INSERT INTO setting SELECT * FROM s; DROP TABLE s; PRAGMA user_version = 1)");
     for (int start = 0; start < 2; ++start) {
         const LogCapture log;
         CoreStore store(path());
@@ -155,9 +150,8 @@ TEST_F(StoreFileTest, AFileOfAnEarlierProgramIsBroughtUpToDate)
 TEST_F(StoreFileTest, AValueThatNoSettingCanHaveIsOfAWrongType)
 {
     makeStore();
-    sql("INSERT INTO setting VALUES(5, 'big', 1, 0, 4294967298), (5, 'text', 1, 0, 'x'), (5, 'blob', 1, 2, "
-        "x'00'),"
-        " (5, 'kind', 1, 7, 1), (5, 'bool', 1, 1, 2147483648)");
+    sql("INSERT INTO setting VALUES(5, 'big', 1, 0, 4294967298), (5, 'bool', 1, 1, 2147483648), "
+        "(5, 'kind', 1, 7, 1), (5, 'text', 1, 0, 'x'), (5, 'blob', 1, 2, x'00')");
     const LogCapture log;
     CoreStore store(path());
     for (const char* key : {"big", "text", "blob", "kind", "bool"}) {
@@ -247,7 +241,7 @@ TEST_F(StoreFileTest, ProgramsThatStartTogetherAgreeOnOneFile)
     EXPECT_TRUE(isSetAside(1) && !isSetAside(2));
 }
 
-// What everybody may do with the file and its folder, whether a write of another program waits beside it, and what comes
+// What everybody may do with the file and its folder, whether another program's write waits beside it, and what comes
 // of that: the store is read, or stands aside for a new one, or is not touched.
 TEST_F(StoreFileTest, AFileThatCannotBeWrittenIsReadOrLeftAlone)
 {
