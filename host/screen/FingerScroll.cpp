@@ -10,7 +10,8 @@
 #include <cstdlib>
 #include <utility>
 
-FingerScroll::FingerScroll(QAbstractScrollArea* area, int step) : QObject(area), mArea(area), mStep(step)
+FingerScroll::FingerScroll(QAbstractScrollArea* area, std::function<int()> step)
+    : QObject(area), mArea(area), mStep(std::move(step))
 {
     area->viewport()->installEventFilter(this);
 }
@@ -31,7 +32,7 @@ bool FingerScroll::eventFilter(QObject* /*watched*/, QEvent* event)
         const int moved = static_cast<QMouseEvent*>(event)->position().toPoint().y() - mPressedAt;
         mDragged = mDragged || std::abs(moved) >= QApplication::startDragDistance();
         if (mPressed && mDragged)
-            mArea->verticalScrollBar()->setValue(mPressedValue - moved / mStep);
+            mArea->verticalScrollBar()->setValue(mPressedValue - moved / (mStep ? mStep() : 1));
         return true;
     }
     case QEvent::MouseButtonRelease:

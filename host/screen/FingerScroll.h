@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QAbstractScrollArea;
 
 // Scrolls an area by dragging it with a finger or the mouse. A drag is no tap: what it ends on does not get it.
@@ -11,15 +13,16 @@ class FingerScroll : public QObject
     Q_OBJECT
 
 public:
-    // `step` is the pixels of a drag that move the scroll bar by one. Becomes a child of `area`.
-    FingerScroll(QAbstractScrollArea* area, int step);
+    // `step` tells how many pixels of a drag move the scroll bar by one; without it, one does. Becomes a child of
+    // `area`.
+    explicit FingerScroll(QAbstractScrollArea* area, std::function<int()> step = {});
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QAbstractScrollArea* mArea;
-    int mStep;
+    const std::function<int()> mStep;
     int mPressedAt = 0;
     int mPressedValue = 0;
     bool mPressed = false;

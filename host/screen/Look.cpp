@@ -1,19 +1,19 @@
 #include "Look.h"
 
-#include "PhoneScreen.h"
-
 #include <QGuiApplication>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
 // Longer than any line that a marquee could show while somebody still watches.
 constexpr int maxLineLength = 400;
 
-bool isLow()
-{
-    constexpr int lowScreen = 240;
-    return PhoneScreen::instance()->height() < lowScreen;
-}
+constexpr int sideOfUnit = 240; // of a smaller screen, too: nobody reads smaller texts
+
+int theShorterSide = sideOfUnit;
+bool theScreenIsLow = false; // for texts above a pop-up's content
 
 struct FontSize
 {
@@ -44,23 +44,40 @@ constexpr FontSize fontSize(Look::Text text)
 
 } // namespace
 
+bool Look::setScreen(const QSize& screen)
+{
+    theScreenIsLow = screen.height() < sideOfUnit;
+    const int side = std::max(sideOfUnit, std::min(screen.width(), screen.height()));
+    return std::exchange(theShorterSide, side) != side;
+}
+
+int Look::shorterSide()
+{
+    return theShorterSide;
+}
+
+int Look::scaled(int pixels)
+{
+    return (2 * pixels * theShorterSide + sideOfUnit) / (2 * sideOfUnit); // rounded
+}
+
 QFont Look::font(Text text)
 {
     QFont font = QGuiApplication::font();
     const FontSize size = fontSize(text);
-    font.setPixelSize(size.pixels);
+    font.setPixelSize(scaled(size.pixels));
     font.setBold(size.bold);
     return font;
 }
 
 int Look::captionLines()
 {
-    return isLow() ? 1 : 2;
+    return theScreenIsLow ? 1 : 2;
 }
 
 int Look::instructionLines()
 {
-    return isLow() ? 1 : 3;
+    return theScreenIsLow ? 1 : 3;
 }
 
 QPalette Look::palette()

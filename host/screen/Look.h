@@ -3,20 +3,42 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <QSize>
 #include <QString>
 
-// How the phone looks: every colour, size and font of the screen stands here. Sizes are logical pixels.
+// How the phone looks: every colour, size and font of the screen stands here. Sizes are logical pixels, and multiples of
+// one unit, which is 1 where the screen's shorter side is 240, and grows with it.
 namespace Look {
 
-inline constexpr int margin = 10;
-inline constexpr int titleHeight = 34;
-inline constexpr int softKeyHeight = 32;
-inline constexpr int rowPadding = 6;
-inline constexpr int lineGap = 1;
-inline constexpr int groupGap = 8;
-inline constexpr int radioSize = 16;
-inline constexpr int scrollMarkWidth = 3;
-inline constexpr int progressHeight = 8;
+// Takes the unit of a screen of this size. Whether it is another one than before: then every font and size is.
+bool setScreen(const QSize& screen);
+
+// What the unit follows: of a screen that is smaller than 240, that.
+int shorterSide();
+
+// Whole pixels.
+int scaled(int pixels);
+
+// So many pixels where the unit is 1.
+class Length
+{
+public:
+    constexpr explicit Length(int pixels) : mPixels(pixels) {}
+    operator int() const { return scaled(mPixels); }
+
+private:
+    int mPixels;
+};
+
+inline constexpr Length margin{10};
+inline constexpr Length titleHeight{34};
+inline constexpr Length softKeyHeight{32};
+inline constexpr Length rowPadding{6};
+inline constexpr Length lineGap{1};
+inline constexpr Length groupGap{8};
+inline constexpr Length radioSize{16};
+inline constexpr Length scrollMarkWidth{3};
+inline constexpr Length progressHeight{8};
 
 // Of the whole screen, what a pop-up may cover at the most, in percent, so that the page stays in sight.
 inline constexpr int popupShare = 88;

@@ -1,10 +1,12 @@
 #include "Marquee.h"
 
+#include "Look.h"
+
 namespace {
 
 constexpr int restMs = 1200;
 constexpr int tickMs = 40;
-constexpr int pixelsPerSecond = 45;
+constexpr Look::Length pixelsPerSecond{45};
 constexpr int runs = 2;
 
 } // namespace

@@ -1,14 +1,18 @@
 #include "PhoneScreen.h"
 
 #include "Log.h"
+#include "Look.h"
 #include "PhoneKeys.h"
 #include "Text.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -20,12 +24,12 @@ constexpr int largestSide = 4096;
 
 PhoneScreen* theScreen = nullptr;
 
-// The size named by VISTANE_SCREEN, as in "240x320".
-QSize screenSize()
+// The size named by VISTANE_SCREEN, as in "240x320"; none when nobody says so.
+std::optional<QSize> wantedSize()
 {
     const QString wanted = qEnvironmentVariable("VISTANE_SCREEN");
     if (wanted.isEmpty())
-        return defaultSize;
+        return std::nullopt;
     const QStringList sides = wanted.split(QLatin1Char('x'));
     const QSize size = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
     const auto isUsable = [](int side) { return side >= smallestSide && side <= largestSide; };
@@ -34,6 +38,16 @@ QSize screenSize()
     logger(3, "VISTANE_SCREEN is %s, but a size such as 240x320 is wanted; taking that",
            Text::withoutControls(wanted.left(100).toStdString()).c_str());
     return defaultSize;
+}
+
+// Whether there is nothing beside this window: on a phone, which has a small display, or where there are no windows.
+bool isAlone()
+{
+    constexpr int widestPhone = 600; // the shorter side, in logical pixels
+    const QString platform = QGuiApplication::platformName();
+    const QSize display = QGuiApplication::primaryScreen()->size();
+    return platform == QLatin1String("linuxfb") || platform == QLatin1String("eglfs") ||
+           std::min(display.width(), display.height()) <= widestPhone;
 }
 
 } // namespace
@@ -49,7 +63,11 @@ PhoneScreen::PhoneScreen()
     setObjectName(QStringLiteral("PhoneScreen"));
     setWindowTitle(QStringLiteral("Vistane"));
     setAccessibleName(windowTitle());
-    setFixedSize(screenSize());
+    setMinimumSize(smallestSide, smallestSide);
+    resize(defaultSize);
+    if (const std::optional<QSize> wanted = wantedSize())
+        setFixedSize(*wanted);
+    Look::setScreen(size());
 }
 
 PhoneScreen::~PhoneScreen()
@@ -73,7 +91,7 @@ void PhoneScreen::put(QWidget* layer, Layer kind)
     layer->raise();
     arrange();
     if (!isVisible()) {
-        show();
+        isAlone() && maximumSize() != minimumSize() ? showFullScreen() : show();
         windowHandle()->installEventFilter(&mKeys);
         // Without a window manager nobody else gives the window the keys.
         activateWindow();
@@ -127,9 +145,11 @@ void PhoneScreen::keyPressEvent(QKeyEvent* event)
         emit redKeyPressed();
 }
 
-// Some platforms give their windows the size they want.
+// A person, or the compositor, gives the window another size. Whatever a font decides is asked anew first.
 void PhoneScreen::resizeEvent(QResizeEvent* /*event*/)
 {
+    if (Look::setScreen(size()))
+        QApplication::setFont(Look::font(Look::Text::Body));
     for (const Entry& layer : std::as_const(mLayers))
         layer.widget->setGeometry(rect());
 }

@@ -6,11 +6,12 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 // Between a text that runs through and its next coming.
-constexpr int marqueeGap = 40;
+constexpr Look::Length marqueeGap{40};
 
 struct RowColors
 {
@@ -38,14 +39,15 @@ void drawRadioMark(QPainter& painter, const QRect& area, const QColor& color, bo
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF circle = QRectF(area).adjusted(1, 1, -1, -1);
-    painter.setPen(QPen(color, 1.6));
+    const qreal unit = area.width() / 16.0;
+    const QRectF circle = QRectF(area).adjusted(unit, unit, -unit, -unit);
+    painter.setPen(QPen(color, 1.6 * unit));
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(circle);
     if (checked) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
-        painter.drawEllipse(circle.adjusted(4, 4, -4, -4));
+        painter.drawEllipse(circle.adjusted(4 * unit, 4 * unit, -4 * unit, -4 * unit));
     }
     painter.restore();
 }
@@ -119,8 +121,12 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
 {
     const qsizetype lines = std::max<qsizetype>(1, mLookOf(index).lines.size());
-    static const int first = QFontMetrics(lineFont(0)).height();
-    static const int further = QFontMetrics(lineFont(1)).height() + Look::lineGap;
+    // Asked for every row of a list, and the same for all until the screen changes.
+    static int asOf = 0, first = 0, further = 0;
+    if (const int now = Look::shorterSide(); std::exchange(asOf, now) != now) {
+        first = QFontMetrics(lineFont(0)).height();
+        further = QFontMetrics(lineFont(1)).height() + Look::lineGap;
+    }
     return {Look::margin, 2 * Look::rowPadding + first + static_cast<int>(lines - 1) * further};
 }
 

@@ -45,7 +45,9 @@ void ScrollMark::follow()
 {
     const QScrollBar* bar = mArea->verticalScrollBar();
     setVisible(bar->maximum() > bar->minimum());
-    const QRect edge(mArea->width() - Look::scrollMarkWidth - 2, 3, Look::scrollMarkWidth, mArea->height() - 6);
+    const int gap = Look::scaled(3);
+    const QRect edge(mArea->width() - Look::scrollMarkWidth - gap + 1, gap, Look::scrollMarkWidth,
+                     mArea->height() - 2 * gap);
     setGeometry(QStyle::visualRect(mArea->layoutDirection(), mArea->rect(), edge));
     update();
 }

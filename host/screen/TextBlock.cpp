@@ -4,11 +4,10 @@
 
 #include <QPainter>
 
-TextBlock::TextBlock(const QString& text, const QFont& font, const QColor& color, QWidget* parent, int maxLines)
-    : QWidget(parent), mText(text, font, maxLines), mColor(color)
+TextBlock::TextBlock(const QString& text, Look::Text kind, const QColor& color, QWidget* parent, int maxLines)
+    : QWidget(parent), mText(text, kind, maxLines), mColor(color)
 {
     setAccessibleName(text);
-    setContentsMargins(Look::margin, 0, Look::margin, 0);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -24,8 +23,8 @@ void TextBlock::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setPen(mColor);
-    mText.wrap(contentsRect().width());
+    mText.wrap(width() - 2 * Look::margin);
     // A line that has no room to the last pixel is left out.
     const QRect visible = visibleRegion().boundingRect();
-    mText.draw(painter, contentsRect().topLeft(), visible.top(), visible.bottom() + 1);
+    mText.draw(painter, QPointF(Look::margin, 0), visible.top(), visible.bottom() + 1);
 }

@@ -11,7 +11,7 @@ class TextBlock : public QWidget
 
 public:
     // With `maxLines` above 0, what does not fit into as many lines is elided.
-    TextBlock(const QString& text, const QFont& font, const QColor& color, QWidget* parent, int maxLines = 0);
+    TextBlock(const QString& text, Look::Text kind, const QColor& color, QWidget* parent, int maxLines = 0);
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;

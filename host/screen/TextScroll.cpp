@@ -9,7 +9,7 @@
 #include <QScrollBar>
 
 TextScroll::TextScroll(const QString& text, QWidget* parent)
-    : QScrollArea(parent), mBlock(new TextBlock(text, Look::font(Look::Text::Body), Look::text, this))
+    : QScrollArea(parent), mBlock(new TextBlock(text, Look::Text::Body, Look::text, this))
 {
     // As wide from the start as they will be, so that a long text is broken into lines only once.
     const QSize screen = PhoneScreen::instance()->size();
@@ -22,14 +22,19 @@ TextScroll::TextScroll(const QString& text, QWidget* parent)
     setWidgetResizable(true);
     setWidget(mBlock);
     new ScrollMark(this);
-    new FingerScroll(this, 1);
-    verticalScrollBar()->setSingleStep(QFontMetrics(Look::font(Look::Text::Body)).height());
+    new FingerScroll(this);
 }
 
 QSize TextScroll::sizeHint() const
 {
     const int width = PhoneScreen::instance()->width();
     return {width, mBlock->heightForWidth(width)};
+}
+
+void TextScroll::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    verticalScrollBar()->setSingleStep(QFontMetrics(Look::font(Look::Text::Body)).height());
 }
 
 // What scrolls in is painted whole, because lines without room were left out.

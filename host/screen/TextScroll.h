@@ -17,6 +17,7 @@ public:
     QSize minimumSizeHint() const override { return {}; }
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 private:

@@ -1,7 +1,5 @@
 #include "WrappedText.h"
 
-#include "Look.h"
-
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QtMath>
@@ -41,19 +39,20 @@ int breakLines(QTextLayout& layout, int width, int maxLines)
 
 } // namespace
 
-WrappedText::WrappedText(const QString& text, const QFont& font, int maxLines)
-    : mText(Look::shortened(text, maxLength)), mMaxLines(maxLines)
+WrappedText::WrappedText(const QString& text, Look::Text kind, int maxLines)
+    : mText(Look::shortened(text, maxLength)), mKind(kind), mMaxLines(maxLines)
 {
     mText.replace(QLatin1Char('\n'), QChar::LineSeparator);
-    mLayout.setFont(font);
     mLayout.setTextOption(textOption());
 }
 
 void WrappedText::wrap(int width)
 {
-    if (width == mWidth)
+    const QFont font = Look::font(mKind);
+    if (width == mWidth && font.pixelSize() == mLayout.font().pixelSize())
         return;
     mWidth = width;
+    mLayout.setFont(font);
     mLayout.setText(mText);
     const int end = breakLines(mLayout, width, mMaxLines);
     if (end == mText.size())

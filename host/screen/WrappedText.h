@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Look.h"
+
 #include <QTextLayout>
 
 // A plain text in lines of a given width: broken at words where it can be, anywhere where it must, and at its
@@ -9,9 +11,9 @@ class WrappedText
 {
 public:
     // With `maxLines` above 0, what does not fit into as many lines is elided.
-    WrappedText(const QString& text, const QFont& font, int maxLines = 0);
+    WrappedText(const QString& text, Look::Text kind, int maxLines = 0);
 
-    // Breaks the text anew; cheap when the width is the last one's.
+    // Breaks the text anew; cheap when the width and the font are the last ones.
     void wrap(int width);
 
     // Pixels, as of the last wrap().
@@ -23,6 +25,7 @@ public:
 
 private:
     QString mText;
+    Look::Text mKind;
     int mMaxLines;
     int mWidth = -1;
     QTextLayout mLayout;

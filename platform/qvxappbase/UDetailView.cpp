@@ -14,22 +14,16 @@
 
 #include <algorithm>
 
-namespace {
-
-QFont lineFont(bool isHeading)
-{
-    return Look::font(isHeading ? Look::Text::Heading : Look::Text::Body);
-}
-
-} // namespace
-
 struct UDetailView::Line
 {
     WrappedText text;
     bool isHeading;
     int top = 0;
 
-    Line(const QString& line, bool isHeading) : text(line, lineFont(isHeading)), isHeading(isHeading) {}
+    Line(const QString& line, bool isHeading)
+        : text(line, isHeading ? Look::Text::Heading : Look::Text::Body), isHeading(isHeading)
+    {
+    }
 };
 
 UDetailView::UDetailView(QWidget* parent, int /*flags*/, int /*skin*/) : QAbstractScrollArea(parent)
@@ -39,7 +33,7 @@ UDetailView::UDetailView(QWidget* parent, int /*flags*/, int /*skin*/) : QAbstra
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     new ScrollMark(this);
-    new FingerScroll(this, 1);
+    new FingerScroll(this);
 }
 
 UDetailView::~UDetailView() = default;
@@ -139,7 +133,7 @@ void UDetailView::layOut()
     }
     const int height = top + Look::groupGap;
     // A line that had no room at the lower edge is the first one of the next page.
-    const int lineHeight = QFontMetrics(lineFont(false)).height();
+    const int lineHeight = QFontMetrics(Look::font(Look::Text::Body)).height();
     verticalScrollBar()->setPageStep(std::max(lineHeight, viewport()->height() - lineHeight));
     verticalScrollBar()->setSingleStep(lineHeight * 2);
     verticalScrollBar()->setRange(0, std::max(0, height - viewport()->height()));

@@ -27,7 +27,7 @@ UListBox::UListBox(const QString& /*type*/, QWidget* parent, int /*flags*/, int 
     setTabKeyNavigation(false);
     new ScrollMark(this);
 
-    new FingerScroll(this, QFontMetrics(Look::font(Look::Text::Row)).height());
+    new FingerScroll(this, [] { return QFontMetrics(Look::font(Look::Text::Row)).height(); });
 
     // A drag may have put the row out of sight since it was pressed.
     connect(this, &QListWidget::clicked, this, [this](const QModelIndex& index) {

@@ -91,7 +91,7 @@ void UMainWidget::keyPressEvent(QKeyEvent* event)
 
 void UMainWidget::arrange()
 {
-    const int barHeight = mSoftKeyBar ? mSoftKeyBar->height() : 0;
+    const int barHeight = mSoftKeyBar ? int(Look::softKeyHeight) : 0;
     if (mSoftKeyBar)
         mSoftKeyBar->setGeometry(0, height() - barHeight, width(), barHeight);
     if (mContent)

@@ -28,11 +28,9 @@ UPopup::UPopup(const QString& caption, QWidget* parent, const char* name, bool /
     setFocusPolicy(Qt::StrongFocus);
 
     mPanel->setAutoFillBackground(true);
-    mContent->setContentsMargins(0, Look::margin, 0, Look::margin);
-    mContent->setSpacing(Look::rowPadding);
     if (!caption.isEmpty()) {
         mContent->addWidget(
-            new TextBlock(caption, Look::font(Look::Text::Caption), Look::text, mPanel, Look::captionLines()));
+            new TextBlock(caption, Look::Text::Caption, Look::text, mPanel, Look::captionLines()));
     }
     connect(mSoftKeyBar, &USoftKey::pressed, this, [this](int key) {
         SoftKeyEvent press(key);
@@ -188,14 +186,16 @@ void UPopup::returnToIdle()
 
 void UPopup::arrange()
 {
-    const int barTop = height() - mSoftKeyBar->height();
-    mSoftKeyBar->setGeometry(0, barTop, width(), mSoftKeyBar->height());
+    const int barTop = height() - Look::softKeyHeight;
+    mSoftKeyBar->setGeometry(0, barTop, width(), Look::softKeyHeight);
+    mContent->setContentsMargins(0, Look::margin, 0, Look::margin);
+    mContent->setSpacing(Look::rowPadding);
     mContent->invalidate();
     const int wanted = mContent->hasHeightForWidth() ? mContent->totalHeightForWidth(width())
                                                      : mContent->totalSizeHint().height();
     const int least = mContent->hasHeightForWidth() ? mContent->minimumHeightForWidth(width())
                                                     : mContent->totalMinimumSize().height();
-    const int share = std::max(height() * Look::popupShare / 100 - mSoftKeyBar->height(), least);
+    const int share = std::max(height() * Look::popupShare / 100 - Look::softKeyHeight, least);
     const int panelHeight = std::min({wanted, share, barTop});
     mPanel->setGeometry(0, barTop - panelHeight, width(), panelHeight);
 }

@@ -18,8 +18,11 @@ public:
     explicit ProgressBar(QWidget* parent) : QProgressBar(parent)
     {
         setTextVisible(false);
-        setFixedHeight(Look::progressHeight + 2 * Look::rowPadding);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
+
+    QSize sizeHint() const override { return {0, Look::progressHeight + 2 * Look::rowPadding}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override

@@ -16,8 +16,8 @@ USingleSelectDlg::USingleSelectDlg(const QString& caption, const QString& instru
     : UPopup(caption, parent, name, modal, flags), mListBox(new UListBox(QString(), this))
 {
     if (!instruction.isEmpty()) {
-        content()->addWidget(new TextBlock(instruction, Look::font(Look::Text::Body), Look::quiet, this,
-                                           Look::instructionLines()));
+        content()->addWidget(
+            new TextBlock(instruction, Look::Text::Body, Look::quiet, this, Look::instructionLines()));
     }
     mListBox->setRadio(true);
     mListBox->enableMarquee(0, true);

@@ -1,6 +1,5 @@
 #include "USoftKey.h"
 
-#include "Look.h"
 #include "SoftKeyButton.h"
 
 USoftKey::USoftKey(const char* /*type*/, QWidget* parent, QObject* receiver)
@@ -9,7 +8,6 @@ USoftKey::USoftKey(const char* /*type*/, QWidget* parent, QObject* receiver)
       mReceiver(receiver)
 {
     setLayoutDirection(Qt::LeftToRight);
-    setFixedHeight(Look::softKeyHeight);
     for (int key : {Left, Right})
         connect(mKeys[key], &QAbstractButton::clicked, this, [this, key] { emit pressed(key); });
 }
