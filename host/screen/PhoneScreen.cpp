@@ -40,13 +40,16 @@ std::optional<QSize> wantedSize()
     return defaultSize;
 }
 
-// Whether there is nothing beside this window: on a phone, which has a small display, or where there are no windows.
+// Whether there is nothing beside this window: on a phone, which has a small display, where there are no windows, or
+// where a compositor runs that is no desktop.
 bool isAlone()
 {
     constexpr int widestPhone = 600; // the shorter side, in logical pixels
     const QString platform = QGuiApplication::platformName();
     const QSize display = QGuiApplication::primaryScreen()->size();
     return platform == QLatin1String("linuxfb") || platform == QLatin1String("eglfs") ||
+           (platform.startsWith(QLatin1String("wayland")) &&
+            qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP")) ||
            std::min(display.width(), display.height()) <= widestPhone;
 }
 
@@ -65,8 +68,12 @@ PhoneScreen::PhoneScreen()
     setAccessibleName(windowTitle());
     setMinimumSize(smallestSide, smallestSide);
     resize(defaultSize);
-    if (const std::optional<QSize> wanted = wantedSize())
+    if (const std::optional<QSize> wanted = wantedSize()) {
         setFixedSize(*wanted);
+    } else if (isAlone()) {
+        setWindowFlag(Qt::FramelessWindowHint); // some compositors ask for a frame around what fills the screen
+        setWindowState(Qt::WindowFullScreen);
+    }
     Look::setScreen(size());
 }
 
@@ -91,7 +98,7 @@ void PhoneScreen::put(QWidget* layer, Layer kind)
     layer->raise();
     arrange();
     if (!isVisible()) {
-        isAlone() && maximumSize() != minimumSize() ? showFullScreen() : show();
+        show();
         windowHandle()->installEventFilter(&mKeys);
         // Without a window manager nobody else gives the window the keys.
         activateWindow();
