@@ -15,7 +15,9 @@ same() { [ "$1" = "$2" ] || fail "got \"$1\", wanted \"$2\""; }
 wait_for() { phone_wait "$@" || fail "waited in vain for: $*"; }
 gone() { ! kill -0 "$1" 2>/dev/null; }
 press() { xdotool key "$@"; }
-ends() { wait "$phone_program" || fail "the program ended with status $?"; }
+# exit status, command
+exits() { local status=0; "${@:2}" || status=$?; same "${*:2}: $status" "${*:2}: $1"; }
+ends() { exits 0 wait "$phone_program"; }
 
 # Starts to note what goes over the bus. forget() throws away what was noted, of the log, too.
 watch_bus() {
@@ -27,5 +29,4 @@ forget() { truncate -s 0 "$phone_dir/watch" "$VISTANE_LOG"; }
 on_bus() { grep -qE "$1" "$phone_dir/watch"; }
 in_log() { grep -qF "$1" "$VISTANE_LOG"; }
 setting_is() { [ "$(vistanectl get "$1")" = "$2" ]; }
-events() { sed -n 's/^event\tEVENT_//p' "$phone_dir/watch" | tr '\t' ' '; }
 count() { grep -c "$1" "$phone_dir/watch" || true; }

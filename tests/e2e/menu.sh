@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The menu by real key presses: an action, a link, a form and a profile with its warning, and every way to end.
+# The menu by real key presses: an action, a link, a form and a profile with its warning, and ways to end.
 . "$(dirname "$0")/lib.sh"
 phone_begin "$1" "$@"
 watch_bus
@@ -19,26 +19,10 @@ same "$(count SHOW_HELP), $(count '^request')" "1, 1"
 press End
 ends
 
-for end in "press Return End" "press Escape" "vistanectl close" "vistanectl idle"; do
-    phone_start
-    $end
-    ends
-done
-
 exec {log}> >(:) && wait $! # whoever read its log is gone
 phone_start -u VISTANE_LOG >&"$log"
 press Escape
 ends
-
-echo "switched off, it asks at its start; who refuses ends it, and it stays switched off"
-vistanectl set VtCore.System.EnabledMode DISABLED_NORMAL_MODE
-phone_start
-press F2
-ends
-setting_is VtCore.System.EnabledMode DISABLED_NORMAL_MODE || fail "it was switched on"
-phone_start
-press F1
-wait_for setting_is VtCore.System.EnabledMode ENABLED_NORMAL_MODE
 
 same "$(ulimit -n 10; vistane-menu >&2 || echo $?)" 1 # not in the dark
 in_log "only 10 files may be open"
