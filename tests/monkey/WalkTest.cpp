@@ -9,7 +9,6 @@
 
 #include <climits>
 #include <cstdio>
-#include <ctime>
 #include <unistd.h>
 
 // What fontconfig keeps of the fonts that stand in for missing letters is no leak of ours.
@@ -18,44 +17,40 @@ extern "C" const char* __lsan_default_suppressions() // NOLINT(bugprone-reserved
     return "leak:libfontconfig";
 }
 
+using namespace std::string_literals;
+
 namespace {
 
 constexpr int stepsOfALife = 80;
 constexpr size_t mostPopups = 20;
 
-std::string repeated(const std::string& text, size_t bytes)
+std::string repeated(const char* text, int times)
 {
-    std::string result;
-    while (result.size() + text.size() <= bytes)
-        result += text;
-    return result;
+    return QByteArray(text).repeated(times).toStdString();
 }
 
+// The last three are rare.
 const std::string texts[] = {
     "",
     " ",
     "A text of some words, as there are many",
-    "a\tb\\nc\nd\r\n",
-    std::string("a\0b", 3),
-    "\x1b[31m\x01\x7f\xff\xc3",
-    "\u0627\u0644\u0639\u0646\u0627\u0648\u064a\u0646 Headlines \u0663",
-    "\u202ebackwards\u202c \u2066isolated\u2069 \u200f\u200d",
+    "%1 %1 %2 %L99 %n %s <b>bold</b><img src='/tmp/x'>&amp;",
+    "a\tb\\nc\nd\r\n\x1b[31m\x01\x7f\xff\xc3 a\0b"s,
+    "\u0627\u0644\u0639\u0646\u0627\u0648\u064a\u0646 Headlines \u0663 \u202ebackwards\u202c "
+    "\u2066isolated\u2069 \u200f",
     "DISABLE:",
-    "%1 %1 %2 %L99 %n %s",
-    "<b>bold</b><img src='/tmp/x'>&amp;",
-    "\U0001f600\U0001f469\u200d\U0001f680 e" + repeated("\u0301", 100),
+    "\U0001f600\U0001f469\u200d\U0001f680 e" + repeated("\u0301", 50),
     "sms:\xef\xbf\xbd?body=@MSISDN@%00",
     MenuSettings::modeOff,
     MenuSettings::modeHidden,
     repeated("W", 65536),
-    repeated("\u0639\u0646\u0648\u0627\u0646 ", 65536),
+    repeated("\u0639\u0646\u0648\u0627\u0646 ", 6000),
     repeated("\n", 65536),
 };
-const std::string names[] = {
+const char* const names[] = {
     "SetupHeadlines", "CustomHomeMode", "HowToUse", "AddNewChannel", "ManageMyChannels", "ConfigureHeadlines",
-    "Scrolling",      "Download",       "Profile",  "Details",       "Nobody",           "",
-};
-const std::string ids[] = {"world", "standard", "saver", "business", "new", ""};
+    "Scrolling",      "Download",       "Profile",  "Details",       "Nobody",           ""};
+const char* const ids[] = {"world", "standard", "saver", "business", "new", ""};
 const int numbers[] = {INT_MIN, -1, 0, 1, 2, 3, 4, INT_MAX};
 const size_t sizes[] = {0, 1, 2, 5, 12, 300};
 const int rarities[] = {1, 3, 10, 50};
@@ -70,17 +65,11 @@ SettingValue anyValue(Dice& dice, const OperatorPack::Setting& setting)
     if (setting.key.ends_with("ChildIDs") && !dice.oneIn(10)) {
         std::string list;
         for (size_t left = dice.pick(sizes); left > 0; --left)
-            list += dice.pick(names) + ',';
+            list.append(dice.pick(names)) += ',';
         return list;
     }
-    switch (dice.oneIn(20) ? static_cast<size_t>(dice.below(3)) : setting.value.index()) {
-    case 0:
-        return dice.pick(numbers);
-    case 1:
-        return !dice.oneIn(10);
-    default:
-        return anyText(dice);
-    }
+    const SettingValue values[] = {dice.pick(numbers), !dice.oneIn(10), anyText(dice)};
+    return values[dice.oneIn(20) ? dice.below(3) : setting.value.index()];
 }
 
 // The built-in pack with anything else in its place, in few places or in many: other writers bring what a pack's
@@ -93,10 +82,9 @@ void installAnyPack(Dice& dice)
     for (OperatorPack::Setting& setting : pack.settings)
         if (dice.oneIn(rarity))
             setting.value = anyValue(dice, setting);
-    pack.profiles->resize(dice.pick(sizes));
-    int number = 0;
-    for (OperatorPack::Profile& profile : *pack.profiles)
-        profile = {std::to_string(++number) + anyText(dice), anyText(dice), dice.oneIn(2)};
+    pack.profiles.emplace();
+    for (size_t left = dice.pick(sizes); left > 0; --left)
+        pack.profiles->push_back({std::to_string(left) + anyText(dice), anyText(dice), dice.oneIn(2)});
     EXPECT_EQ(CoreStore::instance().installPack(pack), STORE_OK);
 }
 
@@ -124,22 +112,18 @@ bool isAtRoot()
 
 void pressKey(Dice& dice)
 {
-    constexpr Qt::Key keys[] = {Qt::Key_Down,     Qt::Key_Down,   Qt::Key_Return, Qt::Key_Return, Qt::Key_F1,
-                                Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Up,     Qt::Key_3,      Qt::Key_F12};
-    constexpr Qt::Key backKeys[] = {Qt::Key_F2, Qt::Key_Escape};
-    Qt::Key key = dice.oneIn(6) ? dice.pick(backKeys) : dice.pick(keys);
-    if (dice.oneIn(100))
-        key = Qt::Key_End;
-    else if (key == Qt::Key_F2 || key == Qt::Key_Escape)
-        key = isAtRoot() ? Qt::Key_Down : key;
-    QWindow* window = PhoneScreen::instance()->windowHandle();
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &press);
+    constexpr Qt::Key keys[] = {Qt::Key_Down, Qt::Key_Down,     Qt::Key_Return, Qt::Key_Return,
+                                Qt::Key_F1,   Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Up,
+                                Qt::Key_3,    Qt::Key_F12,      Qt::Key_F2,     Qt::Key_Escape};
+    Qt::Key key = dice.oneIn(100) ? Qt::Key_End : dice.pick(keys);
+    if (isAtRoot() && (key == Qt::Key_F2 || key == Qt::Key_Escape))
+        key = Qt::Key_Down;
+    Screen::pressAtOnce(key);
     if (dice.oneIn(10))
         Screen::repeat(key, dice.below(30));
     QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
     if (!dice.oneIn(20)) // the others go to another window
-        QCoreApplication::sendEvent(window, &release);
+        QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &release);
 }
 
 void touch(Dice& dice)
@@ -163,12 +147,10 @@ void sendEvents(Dice& dice)
 {
     const std::string& name =
         dice.oneIn(2) ? NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS : dice.pick(NR_Constants::eventNames);
-    for (int left = dice.oneIn(20) ? 300 : 1; left > 0; --left) {
-        const Vt_Event::Parameters parameters = {
-            {"total", anyText(dice)}, {"free", anyText(dice)}, {"used", "3"}};
-        Vt_EventAndStatusFacade::instance()->sendEvent(
-            Vt_Event(name, dice.below(8) - 1, std::make_shared<Vt_Event::Parameters>(parameters)), 0);
-    }
+    const Vt_Event::Parameters texts = {{"total", anyText(dice)}, {"free", anyText(dice)}, {"used", "3"}};
+    const auto parameters = std::make_shared<Vt_Event::Parameters>(texts);
+    for (int left = dice.oneIn(20) ? 300 : 1; left > 0; --left)
+        Vt_EventAndStatusFacade::instance()->sendEvent(Vt_Event(name, dice.below(8) - 1, parameters), 0);
 }
 
 void writeSetting(Dice& dice)
@@ -190,32 +172,17 @@ void changeProfiles(Dice& dice)
         store.setCurrentProfile(id);
 }
 
-constexpr struct
-{
-    int weight;
-    void (*act)(Dice&);
-} acts[] = {{600, pressKey},      {150, touch},        {60, sendEvents}, {60, writeSetting},
-            {10, changeProfiles}, {5, installAnyPack}, {5, loadAnyScene}};
-
 void act(Dice& dice)
 {
-    int left = 0;
-    for (const auto& act : acts)
-        left += act.weight;
-    left = dice.below(static_cast<size_t>(left));
+    // How many of a thousand.
+    constexpr std::pair<int, void (*)(Dice&)> acts[] = {
+        {670, pressKey},      {170, touch},        {70, sendEvents}, {67, writeSetting},
+        {11, changeProfiles}, {6, installAnyPack}, {6, loadAnyScene}};
+    int left = dice.below(1000);
     const auto* act = acts;
-    while ((left -= act->weight) >= 0)
+    while ((left -= act->first) >= 0)
         ++act;
-    act->act(dice);
-}
-
-QWidget* topLayer()
-{
-    const PhoneScreen* screen = PhoneScreen::instance();
-    for (auto* layer : screen->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        if (layer->isVisible() && screen->isOnTop(layer))
-            return layer;
-    return nullptr;
+    act->second(dice);
 }
 
 QRect onScreen(const QWidget& widget, const QRect& part)
@@ -240,12 +207,6 @@ void expectOnScreen(const QWidget& layer)
     }
 }
 
-int setting(const char* name, int otherwise)
-{
-    const char* value = std::getenv(name);
-    return value ? std::atoi(value) : otherwise;
-}
-
 // One life of the program: a phone in any state, and a person and a service who do anything at all, until the root
 // menu is closed or the steps are used up.
 void live(Dice& dice)
@@ -258,7 +219,7 @@ void live(Dice& dice)
     QTimer steps;
     steps.setSingleShot(true);
     steps.callOnTimeout([&] {
-        const QWidget* layer = topLayer();
+        const QWidget* layer = onTop<QWidget>();
         stepsLeft = layer ? stepsLeft : 0;
         steps.start(stepsLeft ? 0 : 1); // before the act, which may run an event loop of its own
         if (!layer)
@@ -277,8 +238,8 @@ void live(Dice& dice)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     for (int quiet = 0; quiet < 3; ++quiet) {
         Screen::settle();
-        EXPECT_TRUE(QTest::qWaitFor([] { return !topLayer(); }, 60'000))
-            << topLayer()->metaObject()->className();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !onTop<QWidget>(); }, 60'000))
+            << onTop<QWidget>()->metaObject()->className();
     }
 }
 
@@ -293,18 +254,15 @@ TEST(Walk, AnythingAtAllLeavesTheMenuWhole)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
         ADD_FAILURE() << message.left(300).toStdString();
     });
-    const int seed = setting("VISTANE_WALK_SEED", 1);
-    const int lives = setting("VISTANE_WALK_STEPS", 3200) / stepsOfALife;
-    for (int life = 0; life < lives && !HasFailure(); ++life) {
+    const uint64_t seed = qEnvironmentVariable("VISTANE_WALK_SEED", "1").toULongLong();
+    const uint64_t lives = qEnvironmentVariable("VISTANE_WALK_STEPS", "3200").toULongLong() / stepsOfALife;
+    for (uint64_t life = 0; life < lives && !HasFailure(); ++life) {
         const std::string name = "seed " + std::to_string(seed) + ", life " + std::to_string(life);
         SCOPED_TRACE(name);
         std::fprintf(stderr, "%s\n", name.c_str());
         alarm(300);
         const LogCapture log;
-        Dice dice(static_cast<uint64_t>(seed), static_cast<uint64_t>(life));
+        Dice dice(seed, life);
         live(dice);
     }
-    alarm(0);
-    qInstallMessageHandler(nullptr);
-    ManRefreshView::retryPause = 2;
 }
