@@ -11,7 +11,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <map>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -20,17 +19,9 @@ namespace {
 // What a column of a table stands for; the notation is explained at the top of links.tsv.
 std::string bytesOf(const std::string& text)
 {
-    static const std::map<char, char> escapes = {{'n', '\n'}, {'t', '\t'}, {'0', '\0'}, {'\\', '\\'}};
-    std::string bytes;
-    for (size_t i = 0; text != "\"\"" && i < text.size(); ++i) {
-        if (text[i] != '\\')
-            bytes += text[i];
-        else if (text[++i] != 'x')
-            bytes += escapes.at(text[i]);
-        else
-            bytes += static_cast<char>(std::stoi(text.substr((i += 2) - 1, 2), nullptr, 16));
-    }
-    return bytes;
+    QByteArray bytes = QByteArray::fromStdString(text == "\"\"" ? "" : text).replace("\\\\", "\\x5C");
+    bytes.replace("\\n", "\\x0A").replace("\\t", "\\x09").replace("\\0", "\\x00").replace("\\x", "\\");
+    return QByteArray::fromPercentEncoding(bytes, '\\').toStdString();
 }
 
 using Row = std::vector<std::string>;
@@ -120,9 +111,7 @@ TEST_F(Links, StartOneProgramWithOneArgumentOrNothingWhenTheyAreHostile)
             started.push_back(call.words);
         EXPECT_EQ(started, expected) << row[0];
     }
-    EXPECT_GT(cases.size(), 50u);
-    usleep(100000);
-    EXPECT_TRUE(desktop.take(0).empty()) << "something was started late";
+    EXPECT_GT(cases.size(), 50u) << "the last of which starts something, so that nothing was started late";
     EXPECT_NE(access("/tmp/vt-pwned", F_OK), 0);
 }
 
@@ -145,24 +134,22 @@ TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFileNorSendAnEarlierText)
     ASSERT_TRUE(PrivateFile::write(precious.c_str(), "secret"));
     unlink(NR_MessageFile::path);
     ASSERT_EQ(symlink(precious.c_str(), NR_MessageFile::path), 0);
+    PlatformRequests requests;
     launch("smsto:1?text=x");
     unlink(NR_MessageFile::path);
     EXPECT_EQ(desktop.take(1).at(0).words.back(), "sms:1");
     EXPECT_EQ(PrivateFile::read(precious.c_str()), "secret");
+    EXPECT_TRUE(requests.take().at(0).ends_with("|Files|" + std::string(NR_MessageFile::path)))
+        << "the file is named though it could not be written";
 
-    launch("smsto:1?text=secret");
-    desktop.take(1);
-    qputenv("VISTANE_HANDOVER", "off");
-    PlatformRequests requests;
+    ASSERT_TRUE(PrivateFile::write(NR_MessageFile::path, "earlier"));
     rlimit files; // without any, nothing can be opened, so nothing can be written
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &files), 0);
     const rlimit none = {0, files.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-    launch("smsto:1?text=other");
+    NR_MessageFile::write("other");
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &files), 0);
     EXPECT_EQ(PrivateFile::read(NR_MessageFile::path), "");
-    EXPECT_TRUE(requests.take().at(0).ends_with("|Files|" + std::string(NR_MessageFile::path)))
-        << "the file is named though it could not be written";
 }
 
 // Read the obvious way, some of these cost the square of their length: minutes instead of milliseconds.
