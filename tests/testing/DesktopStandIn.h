@@ -8,27 +8,26 @@
 
 #include <fstream>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
-// Stands in for the programs of a desktop while it lives: they come first in PATH, and record how they were
-// started.
+// Stands in for the programs of a desktop while it lives: they come first in PATH, and record how they were started.
 class DesktopStandIn
 {
 public:
     struct Call
     {
         std::vector<std::string> words; // its name and its arguments, to the byte
-        std::string
-            state; // its folder, what its descriptors are open on, the signals it ignores, its session, one a line
+        // Its folder, what its descriptors are open on, the signals it ignores, its session, one a line.
+        std::string state;
     };
 
     explicit DesktopStandIn(const std::vector<std::string>& programs = {"xdg-open"})
     {
         for (const std::string& program : programs) {
-            QFile file(mDir.filePath(QString::fromStdString(program)));
-            if (file.open(QIODevice::WriteOnly))
-                file.write(script);
-            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            const std::string path = mDir.filePath(QString::fromStdString(program)).toStdString();
+            std::ofstream(path) << script;
+            chmod(path.c_str(), 0700);
         }
         qputenv("PATH", mDir.path().toLocal8Bit() + ":/usr/bin:/bin");
         qputenv("VISTANE_HANDOVER", "desktop");
@@ -38,20 +37,15 @@ public:
         qputenv("PATH", mPath);
         qunsetenv("VISTANE_HANDOVER");
     }
-    DesktopStandIn(const DesktopStandIn&) = delete;
-    DesktopStandIn& operator=(const DesktopStandIn&) = delete;
 
     // The calls since the last take(), as soon as there are `count` of them or after five seconds.
     std::vector<Call> take(size_t count)
     {
         const QDir dir(mDir.path());
-        QStringList names;
-        EXPECT_TRUE(QTest::qWaitFor([&] {
-            names = dir.entryList({"*.call"});
-            return size_t(names.size()) >= count;
-        }));
+        const auto names = [&] { return dir.entryList({"*.call"}); };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return size_t(names().size()) >= count; }));
         std::vector<Call> calls;
-        for (const QString& name : names) {
+        for (const QString& name : names()) {
             std::ifstream record(dir.filePath(name).toStdString());
             Call& call = calls.emplace_back();
             std::getline(record, call.state, '\0');
@@ -71,8 +65,7 @@ record=${0%/*}/$$
     for descriptor in 0 1 2 3 4 5 6 7 8 9; do readlink /proc/$$/fd/$descriptor; done
     grep SigIgn /proc/$$/status
     cut -d ' ' -f 6 /proc/$$/stat
-    printf '\0'
-    printf '%s\0' "${0##*/}" "$@"
+    printf '%s\0' '' "${0##*/}" "$@"
 ) > "$record.part"
 mv "$record.part" "$record.call"
 )";

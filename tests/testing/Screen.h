@@ -26,19 +26,17 @@ inline void tap(const QPoint& place)
 }
 
 // A press that returns as soon as it is dealt with: no event loop runs before.
-inline void pressAtOnce(Qt::Key key)
+inline void pressAtOnce(Qt::Key key, bool isHeld = false)
 {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), isHeld);
     QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &press);
 }
 
 // What comes from a key that is held already.
 inline void repeat(Qt::Key key, int repetitions)
 {
-    for (int i = 0; i < repetitions; ++i) {
-        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
-        QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &repeated);
-    }
+    for (int i = 0; i < repetitions; ++i)
+        pressAtOnce(key, true);
 }
 
 // Runs `action` as soon as a nested event loop (or the next wait()) gets to it.

@@ -1,8 +1,8 @@
 #include "TestStore.h"
 
 #include "CoreStore.h"
+#include "FileContent.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -25,11 +25,10 @@ TestStore::TestStore(const char* json)
     qputenv("VISTANE_DB", path().c_str());
     CoreStore::use(path());
 
-    QJsonObject settings = QJsonDocument::fromJson(json).object();
-    QJsonObject scene;
-    for (const char* section : {"device", "channels", "figures"})
-        if (const QJsonValue taken = settings.take(QLatin1String(section)); !taken.isUndefined())
-            scene[QLatin1String(section)] = taken;
+    QJsonObject settings = QJsonDocument::fromJson(json).object(), scene;
+    for (const QString section : {"device", "channels", "figures"})
+        if (settings.contains(section))
+            scene[section] = settings.take(section);
     OperatorPack pack;
     std::string error;
     EXPECT_TRUE(OperatorPack::parse(QJsonDocument(settings).toJson(), pack, error)) << error << json;
@@ -41,9 +40,7 @@ TestStore::TestStore(const char* json)
 
 void TestStore::loadDemoScene()
 {
-    QFile file(QStringLiteral(SOURCE_DIR "/share/scenes/demo.json"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    load(file.readAll());
+    load(QByteArray::fromStdString(contentOf(SOURCE_DIR "/share/scenes/demo.json")));
 }
 
 std::string TestStore::path() const
