@@ -27,6 +27,9 @@ inline const BusSignal channel = {
 // A request to other applications: operation, arguments as text.
 inline const BusSignal request = {QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
                                   QStringLiteral("Request"), QStringLiteral("sas")};
+// One of these that came to nothing: operation, arguments as text, reason.
+inline const BusSignal refused = {QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
+                                  QStringLiteral("Refused"), QStringLiteral("sass")};
 // Applications are to return to the idle screen: reason.
 inline const BusSignal returnToIdle = {QStringLiteral("/Vistane/Platform"),
                                        QStringLiteral("org.vistane.Platform1"), QStringLiteral("ReturnToIdle"),

@@ -22,7 +22,11 @@ const char opener[] = "xdg-open";
 // What Linux lets one argument of a program be, the zero at its end counted.
 constexpr size_t maxArgument = 128 * 1024 - 1;
 
+constexpr size_t mostSaid = 200; // of what is refused
+
 std::vector<std::string> started;
+QVariantList announced; // the last request
+std::string lastRefusal;
 
 // Every character counts, a byte order mark at the start too; what is no character is shown to have been there.
 QString asText(std::string_view bytes)
@@ -33,7 +37,7 @@ QString asText(std::string_view bytes)
     return text.replace(QChar(0), QChar::ReplacementCharacter);
 }
 
-int start(const QString& program, const QStringList& arguments)
+bool start(const QString& program, const QStringList& arguments)
 {
     // No file that we, or a library of ours, have open is anything to the program.
     close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
@@ -46,14 +50,12 @@ int start(const QString& program, const QStringList& arguments)
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    if (!process.startDetached()) {
-        logger(3, "cannot start %s", qUtf8Printable(program));
-        return -1;
-    }
+    if (!process.startDetached())
+        return false;
     started = {program.toStdString()};
     for (const QString& argument : arguments)
         started.push_back(argument.toStdString());
-    return 0;
+    return true;
 }
 
 // The words of the first command for `appId` that is installed, or none.
@@ -83,7 +85,18 @@ void announce(std::string_view operation, const std::vector<std::string>& argume
     QStringList texts;
     for (const std::string& argument : arguments)
         texts << asText(argument);
-    HostBus::send(BusSignals::request, {asText(operation), texts});
+    announced = {asText(operation), texts};
+    HostBus::send(BusSignals::request, announced);
+}
+
+int refuse(Failure::Kind kind, std::string_view about, const std::string& reason)
+{
+    lastRefusal = reason;
+    logger(3, "%s", reason.c_str());
+    QVariantList arguments = announced;
+    HostBus::send(BusSignals::refused, arguments << asText(reason));
+    Failure::tell(kind, about);
+    return -1;
 }
 
 bool isOn()
@@ -94,33 +107,42 @@ bool isOn()
 int openLink(std::string_view link)
 {
     const std::string safe = DesktopLink::checked(link);
-    if (safe.empty()) {
-        logger(3, "a link that may not be opened: %.200s", DesktopLink::escaped(link).c_str());
-        return -1;
-    }
-    if (safe.size() > maxArgument) {
-        logger(3, "a link of %zu bytes is too long to be opened: %.200s", safe.size(), safe.c_str());
-        return -1;
-    }
-    return start(opener, {QString::fromStdString(safe)});
+    const std::string_view scheme = link.substr(0, link.find(':') + 1);
+    const auto refused = [&](const std::string& reason) {
+        return refuse(Failure::Kind::NotOpened, scheme, reason);
+    };
+    if (safe.empty())
+        return refused("a link that may not be opened: " + DesktopLink::escaped(link).substr(0, mostSaid));
+    if (safe.size() > maxArgument)
+        return refused("a link of " + std::to_string(safe.size()) +
+                       " bytes is too long to be opened: " + safe.substr(0, mostSaid));
+    if (!start(opener, {QString::fromStdString(safe)}))
+        return refused(std::string("cannot start ") + opener);
+    return 0;
 }
 
 int startApplication(std::string_view appId, std::string_view argument)
 {
     QStringList words = commandOf(appId);
-    if (words.isEmpty()) {
-        logger(3, "no application %.200s here", DesktopLink::escaped(appId).c_str());
-        return -1;
-    }
+    const auto refused = [&](const std::string& reason) {
+        return refuse(Failure::Kind::NoApplication, appId, reason);
+    };
+    if (words.isEmpty())
+        return refused("no application " + DesktopLink::escaped(appId).substr(0, mostSaid) + " here");
     const QString program = words.takeFirst();
     if (!argument.empty())
         words << QString::fromStdString(DesktopLink::escaped(argument));
-    return start(program, words);
+    return start(program, words) ? 0 : refused("cannot start " + program.toStdString());
 }
 
 const std::vector<std::string>& lastStarted()
 {
     return started;
+}
+
+const std::string& lastReason()
+{
+    return lastRefusal;
 }
 
 } // namespace Handover

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Failure.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +16,9 @@ namespace Handover {
 // "true" or "false", no text "").
 void announce(std::string_view operation, const std::vector<std::string>& arguments);
 
+// Says on the bus, in the log and to whoever tells people that what was announced last comes to nothing. -1.
+int refuse(Failure::Kind kind, std::string_view about, const std::string& reason);
+
 // Whether requests are carried out, too; with VISTANE_HANDOVER=off they are only announced, and count as done.
 bool isOn();
 
@@ -26,7 +31,9 @@ int openLink(std::string_view link);
 // is installed.
 int startApplication(std::string_view appId, std::string_view argument);
 
-// The program last started by this process and its arguments; empty when none was.
+// The program last started by this process and its arguments; empty when none was. And why the last request that was
+// refused was.
 const std::vector<std::string>& lastStarted();
+const std::string& lastReason();
 
 } // namespace Handover

@@ -1,5 +1,6 @@
 #include "CoreStore.h"
 
+#include "Failure.h"
 #include "KnownSettings.h"
 #include "SettingGroups.h"
 #include "StoreFile.h"
@@ -120,9 +121,11 @@ void CoreStore::open(int patience)
     const std::string reason = mDatabase->file.open(mPath, mDatabase->connection, patience);
     mDatabase->onDisk = reason.empty();
     mDatabase->impatient.setRemainingTime(mDatabase->onDisk ? 0 : impatienceMs);
-    if (!mDatabase->onDisk && reason != mReason)
+    if (!mDatabase->onDisk && reason != mReason) {
         logger(3, "%s %s: using the built-in pack, and no change will be saved",
                Text::withoutControls(mPath).c_str(), reason.c_str());
+        Failure::tell(Failure::Kind::NoStore);
+    }
     mReason = reason;
 }
 

@@ -54,7 +54,8 @@ int AM_ActionData::invoke() const
         if (known.action == mAction)
             return Handover::openLink(known.link(*this));
     }
-    return -1;
+    return Handover::refuse(Failure::Kind::NoApplication, mAction,
+                            "no action " + DesktopLink::escaped(mAction) + " here");
 }
 
 std::string_view AM_ActionData::value(std::string_view name) const

@@ -1,5 +1,6 @@
 #include "UApplication.h"
 
+#include "FailureNotice.h"
 #include "Fonts.h"
 #include "HostBus.h"
 #include "Log.h"
@@ -80,6 +81,7 @@ UApplication::UApplication(int& argc, char** argv, Type /*type*/) : QApplication
                   "fonts-dejavu-core");
     loadFixedTexts();
     mScreen = std::make_unique<PhoneScreen>();
+    mFailures = std::make_unique<FailureNotice>();
     connect(mScreen.get(), &PhoneScreen::redKeyPressed, this, [this] { emit askReturnToIdle(0); });
     connect(mScreen.get(), &PhoneScreen::closedByPerson, this, [this] { returnToIdleLater(0); });
     HostBus::subscribe(BusSignals::returnToIdle, this, [this](const HostBus::Message& message) {

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class FailureNotice;
 class PhoneScreen;
 
 // The application object: Qt's, with the phone screen, its look and its fixed texts set up, and the phone's
@@ -45,4 +46,5 @@ private:
     void loadFixedTexts();
 
     std::unique_ptr<PhoneScreen> mScreen;
+    std::unique_ptr<FailureNotice> mFailures;
 };

@@ -11,5 +11,8 @@ int SDManager::performAction(std::string_view action, const SDData& data)
                                          data.flag ? "true" : "false", std::to_string(data.number)});
     if (!Handover::isOn())
         return 0;
-    return action == "PHONE_CALL" ? Handover::openLink(DesktopLink::call(data.data)) : -1;
+    if (action == "PHONE_CALL")
+        return Handover::openLink(DesktopLink::call(data.data));
+    return Handover::refuse(Failure::Kind::NoApplication, action,
+                            "no action " + DesktopLink::escaped(action) + " here");
 }

@@ -2,6 +2,7 @@
 
 #include "CoreStore.h"
 #include "DeviceFacts.h"
+#include "Failure.h"
 #include "vtString.h"
 
 int NR_OpProfile::getSelectableProfiles(std::vector<vtTypes::String>& profiles, std::vector<bool>& flags)
@@ -43,7 +44,11 @@ int NR_OpProfile::getOpLanguageString(const vtTypes::String& profile, vtTypes::S
 int NR_OpProfile::installProfile(const vtTypes::String& profile)
 {
     std::string id;
-    return vtStringEncodeUtf8(profile, id) ? CoreStore::instance().setCurrentProfile(id) : STORE_NOT_FOUND;
+    const int status =
+        vtStringEncodeUtf8(profile, id) ? CoreStore::instance().setCurrentProfile(id) : STORE_NOT_FOUND;
+    if (status != STORE_OK)
+        Failure::tell(Failure::Kind::NotSaved);
+    return status;
 }
 
 bool NR_OpProfile::isUserSelectProfile()

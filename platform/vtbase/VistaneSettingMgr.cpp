@@ -1,6 +1,7 @@
 #include "VistaneSettingMgr.h"
 
 #include "CoreStore.h"
+#include "Failure.h"
 #include "vtString.h"
 
 namespace {
@@ -19,6 +20,14 @@ int read(int group, const char* key, Value& value)
     return STORE_OK;
 }
 
+int save(int group, const char* key, const SettingValue& value)
+{
+    const int status = CoreStore::instance().write(group, key, value);
+    if (status != STORE_OK)
+        Failure::tell(Failure::Kind::NotSaved);
+    return status;
+}
+
 } // namespace
 
 VistaneSettingMgr* VistaneSettingMgr::getSettingMgrInstance()
@@ -34,7 +43,7 @@ int VistaneSettingMgr::getInt(int group, const char* key, int& value)
 
 int VistaneSettingMgr::setInt(int group, const char* key, int value)
 {
-    return CoreStore::instance().write(group, key, value);
+    return save(group, key, value);
 }
 
 int VistaneSettingMgr::getBoolean(int group, const char* key, bool& value)
@@ -44,7 +53,7 @@ int VistaneSettingMgr::getBoolean(int group, const char* key, bool& value)
 
 int VistaneSettingMgr::setBoolean(int group, const char* key, bool value)
 {
-    return CoreStore::instance().write(group, key, value);
+    return save(group, key, value);
 }
 
 int VistaneSettingMgr::getString(int group, const char* key, vtTypes::String& value)
@@ -60,5 +69,5 @@ int VistaneSettingMgr::setString(int group, const char* key, const vtTypes::Stri
     std::string utf8;
     if (!vtStringEncodeUtf8(value, utf8))
         return STORE_WRONG_TYPE;
-    return CoreStore::instance().write(group, key, std::move(utf8));
+    return save(group, key, utf8);
 }

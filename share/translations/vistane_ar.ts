@@ -39,6 +39,26 @@
         <comment>Hide</comment>
         <translation>إخفاء</translation>
     </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_SAVED</source>
+        <comment>Your choice could not be saved.</comment>
+        <translation>تعذر حفظ اختيارك.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_STORE</source>
+        <comment>Settings can&apos;t be used here. No choice will be saved.</comment>
+        <translation>لا يمكن استخدام الإعدادات هنا. لن يُحفظ أي اختيار.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_OPENED</source>
+        <comment>No application here opens %1 links.</comment>
+        <translation>لا يوجد تطبيق هنا يفتح روابط %1.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_APPLICATION</source>
+        <comment>The application for this is not here.</comment>
+        <translation>التطبيق المطلوب غير موجود هنا.</translation>
+    </message>
 </context>
 <context>
     <name>QGuiApplication</name>

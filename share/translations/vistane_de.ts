@@ -39,5 +39,25 @@
         <comment>Hide</comment>
         <translation>Ausblenden</translation>
     </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_SAVED</source>
+        <comment>Your choice could not be saved.</comment>
+        <translation>Ihre Auswahl konnte nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_STORE</source>
+        <comment>Settings can&apos;t be used here. No choice will be saved.</comment>
+        <translation>Die Einstellungen sind hier nicht nutzbar. Keine Auswahl wird gespeichert.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_OPENED</source>
+        <comment>No application here opens %1 links.</comment>
+        <translation>Hier gibt es keine Anwendung, die %1-Links öffnet.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_APPLICATION</source>
+        <comment>The application for this is not here.</comment>
+        <translation>Die Anwendung dafür gibt es hier nicht.</translation>
+    </message>
 </context>
 </TS>

@@ -39,5 +39,25 @@
         <comment>Hide</comment>
         <translation>Hide</translation>
     </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_SAVED</source>
+        <comment>Your choice could not be saved.</comment>
+        <translation>Your choice could not be saved.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_STORE</source>
+        <comment>Settings can&apos;t be used here. No choice will be saved.</comment>
+        <translation>Settings can&apos;t be used here. No choice will be saved.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_OPENED</source>
+        <comment>No application here opens %1 links.</comment>
+        <translation>No application here opens %1 links.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_APPLICATION</source>
+        <comment>The application for this is not here.</comment>
+        <translation>The application for this is not here.</translation>
+    </message>
 </context>
 </TS>

@@ -39,5 +39,25 @@
         <comment>Hide</comment>
         <translation>Masquer</translation>
     </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_SAVED</source>
+        <comment>Your choice could not be saved.</comment>
+        <translation>Votre choix n&apos;a pas pu être enregistré.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_STORE</source>
+        <comment>Settings can&apos;t be used here. No choice will be saved.</comment>
+        <translation>Les réglages sont inutilisables ici. Aucun choix ne sera enregistré.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NOT_OPENED</source>
+        <comment>No application here opens %1 links.</comment>
+        <translation>Aucune application ici n&apos;ouvre les liens %1.</translation>
+    </message>
+    <message>
+        <source>TXT_RID_NOTICE_NO_APPLICATION</source>
+        <comment>The application for this is not here.</comment>
+        <translation>L&apos;application nécessaire n&apos;est pas présente.</translation>
+    </message>
 </context>
 </TS>

@@ -17,6 +17,12 @@ std::string joined(const std::vector<std::string>& words)
     return text;
 }
 
+// Of a link that is none, nobody is asked for anything.
+std::string refusal()
+{
+    return Handover::lastReason().empty() ? "nothing was started" : "refused: " + Handover::lastReason();
+}
+
 int open(const Tool& tool, const std::string& link)
 {
     const bool answer = NR_URLLauncher::launch(vtTypes::ID(link));
@@ -27,7 +33,7 @@ int open(const Tool& tool, const std::string& link)
         .add({{"started", Output::toJson(started), started.empty() ? "nothing" : started}, {"answer", answer}});
     if (!Handover::isOn())
         return announced ? Done : tool.fail(NoBus, link, "there is no session bus");
-    return started.empty() ? tool.fail(Refused, link, "nothing was started") : Done;
+    return started.empty() ? tool.fail(Refused, link, refusal()) : Done;
 }
 
 } // namespace

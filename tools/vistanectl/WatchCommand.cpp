@@ -28,6 +28,7 @@ void addWatchCommand(Tool& tool)
     watching.footer("event    name, value, then mode=, text= and param.K= where there are any\n"
                     "channel  channel, message, then data= in hexadecimal where there is any\n"
                     "request  operation, arguments\n"
+                    "refused  operation, reason\n"
                     "idle     reason\n"
                     "unknown  path, interface, signal, signature of what should have been one of these");
     tool.onRun(watching, [&tool] { return watch(tool); });

@@ -19,9 +19,8 @@ QString text(const std::string& utf8)
 bool Watcher::start()
 {
     const std::pair<const BusSignal&, void (Watcher::*)(const HostBus::Message&) const> watched[] = {
-        {BusSignals::event, &Watcher::showEvent},
-        {BusSignals::channel, &Watcher::showChannel},
-        {BusSignals::request, &Watcher::showRequest},
+        {BusSignals::event, &Watcher::showEvent},       {BusSignals::channel, &Watcher::showChannel},
+        {BusSignals::request, &Watcher::showRequest},   {BusSignals::refused, &Watcher::showRefused},
         {BusSignals::returnToIdle, &Watcher::showIdle},
     };
     for (const auto& [signal, show] : watched)
@@ -74,6 +73,17 @@ void Watcher::showRequest(const HostBus::Message& message) const
     print(
         QStringList{"request", operation} + arguments,
         {{"kind", "request"}, {"operation", operation}, {"arguments", QJsonArray::fromStringList(arguments)}});
+}
+
+void Watcher::showRefused(const HostBus::Message& message) const
+{
+    const QString operation = message.arguments[0].toString();
+    const QString reason = message.arguments[2].toString();
+    print({"refused", operation, reason},
+          {{"kind", "refused"},
+           {"operation", operation},
+           {"arguments", QJsonArray::fromStringList(message.arguments[1].toStringList())},
+           {"reason", reason}});
 }
 
 void Watcher::showIdle(const HostBus::Message& message) const

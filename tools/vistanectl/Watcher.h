@@ -18,6 +18,7 @@ private:
     void showEvent(const HostBus::Message& message) const;
     void showChannel(const HostBus::Message& message) const;
     void showRequest(const HostBus::Message& message) const;
+    void showRefused(const HostBus::Message& message) const;
     void showIdle(const HostBus::Message& message) const;
     // Texts of one line, and the same for machines.
     void print(const QStringList& columns, const QJsonObject& object) const;

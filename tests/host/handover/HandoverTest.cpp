@@ -44,6 +44,7 @@ TEST(Handover, RefusesWhatItDoesNotKnowAndSaysSo)
 {
     DesktopStandIn desktop({"xdg-open", "gnome-contacts"});
     LogCapture log;
+    BusListener refused(BusSignals::refused);
     for (const std::string& appId : {""s, "#"s, addressBook + "\0"s, "2f7e9a31"s, calendar})
         EXPECT_NE(AM_LauncherClient::launchAppObject(appId, {}, 0, true, true), 0) << appId;
     EXPECT_NE(AM_LauncherClient::loadURL("\nforged line:"), 0);
@@ -51,7 +52,8 @@ TEST(Handover, RefusesWhatItDoesNotKnowAndSaysSo)
     EXPECT_NE(AM_ActionData().invoke(), 0);
     EXPECT_NE(SDManager(0).performAction("DIAL", {}), 0);
     EXPECT_TRUE(desktop.take(0).empty());
-    EXPECT_EQ(log.lines().size(), 7u);
+    EXPECT_EQ(log.lines().size(), 9u);
+    EXPECT_EQ(refused.take().at(6), "openDocument|/etc/passwd||true|a link that may not be opened: /etc/passwd");
     EXPECT_EQ(log.lines().at(5),
               "(Handover:*)[~~~~vistane~~~~]a link that may not be opened: %0Aforged%20line:");
 }

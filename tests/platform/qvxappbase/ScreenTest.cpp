@@ -1,13 +1,16 @@
 #include "Screen.h"
+#include "Failure.h"
 #include "Marquee.h"
 #include "RowDelegate.h"
 #include "Table.h"
+#include "TextBlock.h"
 #include "UApplication.h"
 #include "UKbMainWidget.h"
 #include "UKeyObject.h"
 #include "UListBox.h"
 #include "UListBoxItem.h"
 #include "UMessageDlg.h"
+#include "UNoticeDlg.h"
 #include "USoftKey.h"
 
 #include <QAbstractEventDispatcher>
@@ -274,6 +277,33 @@ TEST(Popup, WhatExecAnswers)
         }
     });
     EXPECT_EQ(QCoreApplication::exec(), 0);
+}
+
+// Whatever fails meanwhile is mostly the same again.
+TEST(FailureNotice, TellsOneAtATime)
+{
+    Page page;
+    const auto shown = [] {
+        Screen::settle();
+        QStringList texts;
+        for (const auto* notice : PhoneScreen::instance()->findChildren<UNoticeDlg*>())
+            for (const auto* text : notice->findChildren<TextBlock*>())
+                texts += notice->isVisible() ? text->accessibleName() : QString();
+        return texts.join('|').toStdString();
+    };
+    Failure::tell(Failure::Kind::NotOpened, "tel:\n" + std::string(100, 'x'));
+    Failure::tell(Failure::Kind::NotSaved);
+    EXPECT_EQ(shown(), "No application here opens tel: " + std::string(35, 'x') + " links.");
+    page.act("F1 F1");
+    EXPECT_EQ(page.takeHeard(), "left") << "the first one was the notice's";
+    for (const auto& [kind, text] :
+         {std::pair(Failure::Kind::NotSaved, "Your choice could not be saved."),
+          {Failure::Kind::NoStore, "Settings can't be used here. No choice will be saved."},
+          {Failure::Kind::NoApplication, "The application for this is not here."}}) {
+        Failure::tell(kind);
+        EXPECT_EQ(shown(), text);
+        page.act("F2");
+    }
 }
 
 TEST(List, IndexesThatAreNotThere)
