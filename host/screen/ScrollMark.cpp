@@ -23,6 +23,8 @@ void ScrollMark::paintEvent(QPaintEvent* /*event*/)
 {
     const QScrollBar* bar = mArea->verticalScrollBar();
     const int range = bar->maximum() - bar->minimum();
+    if (range <= 0) // a list that is laid out anew while it is painted tells of it later
+        return;
     const int whole = range + bar->pageStep();
     const int length = std::max(height() * bar->pageStep() / whole, 4 * Look::scrollMarkWidth);
     const int top = (height() - length) * (bar->value() - bar->minimum()) / range;

@@ -126,6 +126,13 @@ void pressKey(Dice& dice)
         QCoreApplication::sendEvent(PhoneScreen::instance()->windowHandle(), &release);
 }
 
+// Its display, or the window is pulled larger.
+void turn(Dice& dice)
+{
+    constexpr QSize sizes[] = {{240, 320}, {320, 240}, {176, 208}, {360, 720}, {720, 360}, {480, 800}};
+    PhoneScreen::instance()->resize(dice.pick(sizes));
+}
+
 void touch(Dice& dice)
 {
     QWindow* window = PhoneScreen::instance()->windowHandle();
@@ -176,8 +183,8 @@ void act(Dice& dice)
 {
     // How many of a thousand.
     constexpr std::pair<int, void (*)(Dice&)> acts[] = {
-        {670, pressKey},      {170, touch},        {70, sendEvents}, {67, writeSetting},
-        {11, changeProfiles}, {6, installAnyPack}, {6, loadAnyScene}};
+        {650, pressKey},    {20, turn},           {170, touch},        {70, sendEvents},
+        {67, writeSetting}, {11, changeProfiles}, {6, installAnyPack}, {6, loadAnyScene}};
     int left = dice.below(1000);
     const auto* act = acts;
     while ((left -= act->first) >= 0)
