@@ -35,8 +35,9 @@ inline const BusSignal returnToIdle = {QStringLiteral("/Vistane/Platform"),
                                        QStringLiteral("org.vistane.Platform1"), QStringLiteral("ReturnToIdle"),
                                        QStringLiteral("i")};
 
-// The name that the headlines service owns while it runs.
+// The names that the headlines service and the menu own while they run.
 inline const QString service = QStringLiteral("org.vistane.Service1");
+inline const QString menu = QStringLiteral("org.vistane.Menu");
 
 } // namespace BusSignals
 

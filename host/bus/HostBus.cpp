@@ -1,5 +1,6 @@
 #include "HostBus.h"
 
+#include "BusActivation.h"
 #include "BusEntrance.h"
 #include "BusProbe.h"
 #include "Log.h"
@@ -72,6 +73,17 @@ QDBusConnection& bus()
     return connection;
 }
 
+bool ownName(const QString& name)
+{
+    constexpr uint doNotQueue = 4;
+    constexpr int owner = 1;
+    constexpr int alreadyOwner = 4;
+    const QDBusMessage request =
+        callToBus(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"), {name, doNotQueue});
+    const int answer = bus().call(request, QDBus::Block, patience).arguments().value(0).toInt();
+    return answer == owner || answer == alreadyOwner;
+}
+
 } // namespace
 
 namespace HostBus {
@@ -121,15 +133,25 @@ void deliverPending(QObject* context)
 
 bool ownServiceName()
 {
-    constexpr uint doNotQueue = 4;
-    constexpr int owner = 1;
-    constexpr int alreadyOwner = 4;
-    const QDBusMessage request = callToBus(QStringLiteral("org.freedesktop.DBus"),
-                                           QStringLiteral("RequestName"), {BusSignals::service, doNotQueue});
+    return isConnected() && ownName(BusSignals::service);
+}
+
+bool beOnlyMenu(QObject* context, std::function<void(const QByteArray& token)> raise)
+{
     if (!isConnected())
-        return false;
-    const int answer = bus().call(request, QDBus::Block, patience).arguments().value(0).toInt();
-    return answer == owner || answer == alreadyOwner;
+        return true;
+    const QString path = QStringLiteral("/org/vistane/Menu");
+    bus().registerObject(path, new BusActivation(std::move(raise), context),
+                         QDBusConnection::ExportScriptableSlots);
+    if (ownName(BusSignals::menu))
+        return true;
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        BusSignals::menu, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    call.setArguments({QVariantMap{{QStringLiteral("activation-token"), token}}});
+    bus().send(call); // it may be busy, so nobody waits for its answer
+    flush();
+    return false;
 }
 
 bool hasService()

@@ -36,6 +36,11 @@ bool hasService();
 // Calls `lost` from the event loop when its owner gives it up, until `context` is destroyed.
 void onServiceLost(QObject* context, std::function<void()> lost);
 
+// Makes this process the one menu on the bus, until `context` is destroyed; `raise` is then called from the event loop
+// when somebody wants it in front, with the token that the compositor may want to see. False when there is one already,
+// which has then been asked to come to the front.
+bool beOnlyMenu(QObject* context, std::function<void(const QByteArray& token)> raise);
+
 // Calls `slot` of `receiver` (as in SLOT(), without arguments) when a bus that was there goes away, until the
 // receiver is destroyed. False when there is no bus. The log says that it is gone by itself.
 bool onLost(QObject* receiver, const char* slot);

@@ -113,6 +113,17 @@ void PhoneScreen::take(QWidget* layer)
     layer->hide();
 }
 
+void PhoneScreen::bringToFront(const QByteArray& token)
+{
+    if (isEmpty())
+        return;
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
 bool PhoneScreen::isOnTop(const QWidget* widget) const
 {
     if (mLayers.isEmpty())

@@ -30,6 +30,9 @@ public:
     // Takes a layer off and gives the keys back to what is then on top. Harmless for one that is not there.
     void take(QWidget* layer);
 
+    // Brings the window before all others, where there is one yet. A compositor may want to see the token.
+    void bringToFront(const QByteArray& token);
+
     // Whether there is no layer at all.
     bool isEmpty() const { return mLayers.isEmpty(); }
 

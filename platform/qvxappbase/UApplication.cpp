@@ -71,6 +71,14 @@ int& beforeQtStarts(int& argc)
 
 UApplication::UApplication(int& argc, char** argv, Type /*type*/) : QApplication(beforeQtStarts(argc), argv)
 {
+    const auto raise = [this](const QByteArray& token) {
+        logger(7, "somebody wants the menu in front");
+        mScreen->bringToFront(token);
+    };
+    if (!HostBus::beOnlyMenu(this, raise)) {
+        logger(3, "the menu is running already and comes to the front");
+        std::exit(0);
+    }
     setStyle(QStringLiteral("fusion"));
     setPalette(Look::palette());
     setFont(Look::font(Look::Text::Body));

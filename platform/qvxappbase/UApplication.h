@@ -16,7 +16,8 @@ class UApplication : public QApplication
 public:
     enum Type { GuiClient = 1 };
 
-    // `argc` and `argv` must outlive the object: Qt keeps looking at them. Reads VISTANE_SCREEN.
+    // `argc` and `argv` must outlive the object: Qt keeps looking at them. Reads VISTANE_SCREEN. Where the program runs
+    // already, brings that one to the front and ends the process with status 0.
     UApplication(int& argc, char** argv, Type type);
     ~UApplication() override;
 

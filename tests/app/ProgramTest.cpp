@@ -115,6 +115,21 @@ TEST(Program, WaitsForTheIdentityButNotForATelephoneNumber)
     EXPECT_EQ(program.count(noMsisdn), 1);
 }
 
+TEST(Program, ComesToTheFrontInsteadOfRunningTwice)
+{
+    Program program;
+    program.start();
+    ASSERT_TRUE(program.waitForLog("telephony client started"));
+    QProcess second;
+    second.setProcessEnvironment(program.environment);
+    second.start(QStringLiteral(VISTANE_MENU), QStringList());
+    EXPECT_TRUE(second.waitForFinished());
+    EXPECT_EQ(second.exitCode(), 0);
+    EXPECT_TRUE(program.waitForLog("somebody wants the menu in front"));
+    program.endBy([] { sendToMenu(); });
+    EXPECT_EQ(program.count("telephony client started"), 1);
+}
+
 // Where nothing can be kept nobody is the subscriber, and whoever reads the log through a pipe is told of the wait
 // while it lasts.
 TEST(Program, EndsBySignalWhileItWaits)
