@@ -1,3 +1,4 @@
+#include "BusListener.h"
 #include "ViewTest.h"
 
 #include <QElapsedTimer>
@@ -8,27 +9,9 @@
 
 #include <sys/time.h>
 
+using namespace std::string_literals;
+
 namespace {
-
-// Notes the requests that reach the service.
-struct SentRequests : Vt_EventHandler
-{
-    SentRequests() : Vt_EventHandler(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH)
-    {
-        Vt_EventAndStatusFacade::instance()->addEventHandler(NR_Constants::EVENT_ABORT_MANUAL_REFRESH, this);
-    }
-    void handleEvent(const Vt_Event& event) override { mNames.push_back(event.name()); }
-
-    // Their names, once everything sent has come over the bus.
-    Lines names()
-    {
-        HostBus::flush();
-        QCoreApplication::sendPostedEvents();
-        return mNames;
-    }
-
-    Lines mNames;
-};
 
 // After as many turns of the loop as the timers of five events and the return of five notices can take; also
 // where that is inside a notice's event loop.
@@ -91,8 +74,6 @@ struct Model
 
     void settle()
     {
-        finished += static_cast<int>(std::ranges::count(closing, '3'));
-        closing.clear();
         // The ninth notice waits until a person has closed one, and what comes after it waits behind.
         while (!waiting.empty() && !(isNotice(waiting[0]) && std::ranges::count_if(screen, isNotice) == 8)) {
             show(waiting[0]);
@@ -116,32 +97,30 @@ struct Model
         const bool left = key == 'L' || key == 'E';
         const char popup = screen.back();
         screen.pop_back();
-        if (isNotice(popup)) {
-            closing += popup; // its event loop is still to return
-        } else if (isError(popup) && left) {
+        if (isError(popup) && left) {
             report('i');
-            sent.push_back(NR_Constants::EVENT_INITIATE_MANUAL_REFRESH);
+            sent.push_back("EVENT_INITIATE_MANUAL_REFRESH|0||false||0");
         } else if (isProgress(popup) && (left || key == '!')) {
             parked = true;
             hidden = hidden || left;
         } else if (isProgress(popup)) {
             hidden = false;
             ++finished;
-            sent.push_back(NR_Constants::EVENT_ABORT_MANUAL_REFRESH);
+            sent.push_back("EVENT_ABORT_MANUAL_REFRESH|0||false||0");
         }
+        finished += popup == '3';
         if (key == '!')
             perform(key);
     }
 
     // All that decides what comes next.
-    auto place() const { return std::tuple(state, hidden, parked, waiting, screen, closing); }
+    auto place() const { return std::tuple(state, hidden, parked, waiting, screen); }
 
     char state = '0';
     bool hidden = false;
     bool parked = false; // a progress dialog that is off the screen, but not gone
     std::string waiting; // states that are to be shown
     std::string screen;  // states whose pop-ups are up, bottom to top
-    std::string closing;
     int finished = 0;
     Lines sent;
 };
@@ -149,12 +128,16 @@ struct Model
 class RefreshView : public RefreshTest
 {
 protected:
-    void report(char event)
+    void perform(char action)
     {
-        const std::string& name = event == 'i'   ? NR_Constants::EVENT_INITIATE_MANUAL_REFRESH
-                                  : event == 'q' ? NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR
-                                                 : NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS;
-        mView->handleEvent(Vt_Event(name, event - '0'));
+        using namespace NR_Constants;
+        const std::string& event = action == 'i'   ? EVENT_INITIATE_MANUAL_REFRESH
+                                   : action == 'q' ? EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR
+                                                   : EVENT_NOTIFY_MANUAL_REFRESH_STATUS;
+        if (keys.contains(action))
+            Screen::pressAtOnce(keys.at(action));
+        else
+            mView->handleEvent(Vt_Event(event, action - '0'));
     }
 
     // Takes a fresh view along a path beside the model. Notices run event loops of their own, so every step is
@@ -164,36 +147,30 @@ protected:
         const auto before = PhoneScreen::instance()->findChildren<UPopup*>().size();
         mView = std::make_unique<ManRefreshView>();
         Model model;
-        SentRequests sent;
         int finished = 0;
         QObject::connect(mView.get(), &ManRefreshView::finish, [&] { ++finished; });
         QEventLoop loop;
         size_t walked = 0;
-        const auto compare = [&] {
+        const std::function<void()> step = [&] {
             Lines expected;
             for (char state : model.screen)
                 expected.push_back(looks.at(state));
             EXPECT_EQ(popups(), expected) << path.substr(0, walked);
             EXPECT_EQ(finished, model.finished) << path.substr(0, walked);
-        };
-        const std::function<void()> step = [&] {
             while (walked < path.size()) {
                 const char action = path[walked++];
                 const auto turns = 12 + 2 * model.waiting.size();
                 model.perform(action);
                 if (action == '.')
-                    return atRest([&] { compare(), step(); }, turns);
-                if (keys.contains(action))
-                    Screen::pressAtOnce(keys.at(action));
-                else
-                    report(action);
+                    return atRest(step, turns);
+                perform(action);
             }
             mView.reset(); // also in the middle of its notices
             atRest([&] { loop.quit(); });
         };
         Screen::later(step);
         loop.exec();
-        EXPECT_EQ(sent.names(), model.sent) << path;
+        EXPECT_EQ(mSent.take(), model.sent) << path;
         EXPECT_EQ(PhoneScreen::instance()->findChildren<UPopup*>().size(), before) << path;
     }
 
@@ -218,25 +195,17 @@ protected:
         }
     }
 
+    BusListener mSent{BusSignals::event};
     std::unique_ptr<ManRefreshView> mView = std::make_unique<ManRefreshView>();
 };
 
-TEST_F(RefreshView, FollowsEverySequenceAtRest)
+TEST_F(RefreshView, FollowsEverySequence)
 {
     explore(everything, 4, ".", "");
-}
-
-// Events that come faster than the event loop turns, with and without keys in between.
-TEST_F(RefreshView, FollowsEveryBurst)
-{
+    // Events that come faster than the event loop turns, with and without keys in between.
     explore("iq0123", 4, "", ".");
     explore(everything + '.', 3, "", ".");
-}
-
-// The dialog was hidden while the one that is to take its place was on its way.
-TEST_F(RefreshView, ForgetsWithTheRunThatItWasHidden)
-{
-    walk("4.1L.Ri.");
+    walk("4.1L.Ri."); // hidden while the dialog that is to take its place was on its way
 }
 
 TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
@@ -248,8 +217,6 @@ TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
         {"%5 KB after %2, %2", "-1 KB after 1234567, 1234567"},
         {"100 %, %1, %2, %3", "100 %, 1234567, -1, %3"},
         {"C:\\news \\\\n", "C:\news \\\n"},
-        {"Done", "Done"},
-        {"%", "%"},
     };
     for (const auto& [text, shown] : cases) {
         setStringSetting(GROUP_MENU, "ManRefresh.Instruction.DownloadSuccessed", text);
@@ -264,66 +231,56 @@ TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
 // What integrators watch for.
 TEST_F(RefreshView, LogsEachStep)
 {
-    // What happens, and the lines that it leaves, each without what it begins with.
-    const std::string queue = NR_Constants::EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR;
-    const std::string status = NR_Constants::EVENT_NOTIFY_MANUAL_REFRESH_STATUS;
-    for (const auto& [action, event, lines] : std::vector<std::array<std::string, 3>>{
-             {"0", status,
-              "[ManRefreshView] Notify status: 0, state: 0|ManRefreshView::showErrDlg, state is 4"},
-             {"0", status,
-              "[ManRefreshView] Notify status: 0, state: 4|"
-              "[ManRefresh] state == DOWN_ERROR && mDownErr || state == CONN_ERROR && mConnErr"},
-             {"i", NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, ""},
-             {"2", status,
-              "[ManRefreshView] Notify status: 2, state: 1|ManRefreshView::showErrDlg, state is 5|"
-              "ManRefreshView::showErrDlg, mpMsgDlg != NULL"},
-             {"R", "", "ManRefreshView::errorRSK"},
-             {"0", status,
-              "[ManRefreshView] Notify status: 0, state: 5|ManRefreshView::showErrDlg, state is 4"},
-             {"L", NR_Constants::EVENT_INITIATE_MANUAL_REFRESH, "ManRefreshView::errorLSK"},
-             {"L", "", "[ManRefresh] the dlg is hided"},
-             {"q", queue, ""},
-         }) {
-        const LogCapture log;
-        const bool isHidden = mView->isHidden();
-        keys.contains(action[0]) ? Screen::pressAtOnce(keys.at(action[0])) : report(action[0]);
+    for (char action : "00i2R0LLq"s) {
+        perform(action);
         Screen::settle();
-        std::string expected;
-        if (!event.empty())
-            expected = "[ManRefreshView] Incoming VtEvent of type " + event +
-                       ", isHide: " + std::to_string(isHidden) + " ...|";
-        expected += lines.empty() ? "" : lines + '|';
-        std::string logged;
-        for (const std::string& line : log.lines())
-            logged += line.substr(std::string("(ManRefreshView:*)[~~~~vistane~~~~]").size()) + '|';
-        EXPECT_EQ(logged, expected);
     }
+    std::string logged;
+    for (const std::string& line : mLog.lines())
+        logged += line.substr("(ManRefreshView:*)[~~~~vistane~~~~]"s.size()) + '\n';
+    EXPECT_EQ(logged,
+              R"([ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_MANUAL_REFRESH_STATUS, isHide: 0 ...
+[ManRefreshView] Notify status: 0, state: 0
+ManRefreshView::showErrDlg, state is 4
+[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_MANUAL_REFRESH_STATUS, isHide: 0 ...
+[ManRefreshView] Notify status: 0, state: 4
+[ManRefresh] state == DOWN_ERROR && mDownErr || state == CONN_ERROR && mConnErr
+[ManRefreshView] Incoming VtEvent of type EVENT_INITIATE_MANUAL_REFRESH, isHide: 0 ...
+[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_MANUAL_REFRESH_STATUS, isHide: 0 ...
+[ManRefreshView] Notify status: 2, state: 1
+ManRefreshView::showErrDlg, state is 5
+ManRefreshView::showErrDlg, mpMsgDlg != NULL
+ManRefreshView::errorRSK
+[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_MANUAL_REFRESH_STATUS, isHide: 0 ...
+[ManRefreshView] Notify status: 0, state: 5
+ManRefreshView::showErrDlg, state is 4
+[ManRefreshView] Incoming VtEvent of type EVENT_INITIATE_MANUAL_REFRESH, isHide: 0 ...
+ManRefreshView::errorLSK
+[ManRefresh] the dlg is hided
+[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR, isHide: 1 ...
+)");
 }
 
 TEST_F(RefreshView, FinishesBeforeItAborts)
 {
-    SentRequests sent;
-    report('4');
-    Screen::settle();
+    mView->showDlg(ManRefreshView::State::CONNECTING);
     Lines before = {"never finished"};
-    QObject::connect(mView.get(), &ManRefreshView::finish, [&] { before = sent.names(); });
-    Screen::pressAtOnce(Qt::Key_F2);
+    QObject::connect(mView.get(), &ManRefreshView::finish, [&] { before = mSent.take(); });
+    perform('R');
     EXPECT_EQ(before, Lines{});
-    EXPECT_EQ(sent.names(), Lines{NR_Constants::EVENT_ABORT_MANUAL_REFRESH});
 }
 
 // The service needs a moment after a failure, whatever else happens to the process meanwhile.
 TEST_F(RefreshView, RetryPausesTwoSecondsThoughASignalComes)
 {
     ManRefreshView::retryPause = 2;
-    report('0');
-    Screen::settle();
+    mView->showDlg(ManRefreshView::State::CONN_ERROR);
     signal(SIGALRM, [](int) {});
     const itimerval halfASecond = {{}, {0, 500000}};
     setitimer(ITIMER_REAL, &halfASecond, nullptr);
     QElapsedTimer pause;
     pause.start();
-    Screen::pressAtOnce(Qt::Key_F1);
+    perform('L');
     EXPECT_GE(pause.elapsed(), 2000);
     EXPECT_EQ(popups(), Lines{}) << "the dialog comes from the event loop";
 }
@@ -331,15 +288,12 @@ TEST_F(RefreshView, RetryPausesTwoSecondsThoughASignalComes)
 // Each notice runs the event loop in which the next one comes.
 TEST_F(RefreshView, LosesNoEndOfARunInAStorm)
 {
-    const auto repeated = [](int times, const std::string& part) {
-        std::string path;
-        while (times-- > 0)
-            path += part;
-        return path;
+    const auto repeated = [](int times, const char* part) {
+        return QByteArray(part).repeated(times).toStdString();
     };
     walk(repeated(18, "1") + "q31.L.L.");
     walk(repeated(40, "3") + "41q1." + repeated(44, "L."));
-    walk(repeated(12, "q") + "33." + repeated(3, "R.") + "1q" + repeated(12, "E."));
+    walk("qqqqqqqqqqqq33.R.R.R.1q" + repeated(12, "E."));
     walk(repeated(200, "4124019") + "31.R.");
 }
 
