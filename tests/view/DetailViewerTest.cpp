@@ -41,9 +41,7 @@ protected:
 
 TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
 {
-    EntrySpy two("two"), gap("gap"), none("none"), hidden("hidden"), wide("naïve €");
-    two.value = "a\nb";
-    gap.value = "a\n\nb\n";
+    EntrySpy two("two", "a\nb"), gap("gap", "a\n\nb\n"), none("none"), hidden("hidden"), wide("naïve €");
     hidden.hidden = true;
     mNode.children = {&two, &gap, &none, &hidden, &wide};
     takeTrace();
@@ -55,7 +53,8 @@ TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
     mNode.caption = "Later";
     mNode.children = std::vector<Entry*>(40, &none);
     finishRun();
-    Screen::press({Qt::Key_Right, Qt::Key_NumberSign, Qt::Key_Asterisk, Qt::Key_Down});
+    Screen::settle();
+    press("Right # * Down");
     const int position = details().verticalScrollBar()->value();
     EXPECT_GT(position, 0);
     finishRun();
@@ -78,25 +77,17 @@ TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
         << "after finish(), when it was cancelled";
 }
 
-TEST_F(DetailPage, OffersRefreshOnlyWhereItIsAllowed)
+TEST_F(DetailPage, OffersRefreshOnlyWhereItIsAllowedAndCloses)
 {
     for (const bool allowed : {true, false}) {
         setBoolSetting(GROUP_UI, "ManualRefresh", allowed);
         open();
         EXPECT_EQ(mPage->findChild<USoftKey*>()->text(USoftKey::Left).isEmpty(), !allowed);
-        Screen::press({Qt::Key_F1});
+        press("F1");
         Screen::settle();
-        EXPECT_EQ(popups().size(), allowed ? 1u : 0u);
-        Screen::press({Qt::Key_End});
-    }
-}
-
-TEST_F(DetailPage, ClosesByBackAndByTheIdleScreen)
-{
-    for (Qt::Key key : {Qt::Key_F2, Qt::Key_End}) {
-        open();
+        EXPECT_EQ(popups().size(), allowed);
         QSignalSpy closed(mPage, &vtmenu::DetailViewer::closed);
-        Screen::pressAtOnce(key);
+        press(allowed ? "End" : "F2");
         EXPECT_EQ(closed.size(), 1);
         EXPECT_TRUE(mPage) << "not inside its own call";
         finishRun();

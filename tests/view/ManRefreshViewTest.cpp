@@ -75,21 +75,17 @@ struct Model
     void settle()
     {
         // The ninth notice waits until a person has closed one, and what comes after it waits behind.
-        while (!waiting.empty() && !(isNotice(waiting[0]) && std::ranges::count_if(screen, isNotice) == 8)) {
-            show(waiting[0]);
-            waiting.erase(0, 1);
+        const auto isFull = [&] { return std::ranges::count_if(screen, isNotice) == 8; };
+        for (; !waiting.empty() && !(isNotice(waiting[0]) && isFull()); waiting.erase(0, 1)) {
+            const char next = waiting[0];
+            std::erase_if(screen, isProgress);
+            parked = false;
+            if (isError(next) && screen.find(next) != std::string::npos)
+                continue;
+            finished += next < '1' || next > '3';
+            if (next != '0' && !(isError(next) && std::ranges::any_of(screen, isError)))
+                screen += next;
         }
-    }
-
-    void show(char next)
-    {
-        std::erase_if(screen, isProgress);
-        parked = false;
-        if (isError(next) && screen.find(next) != std::string::npos)
-            return;
-        finished += next < '1' || next > '3';
-        if (next != '0' && !(isError(next) && std::ranges::any_of(screen, isError)))
-            screen += next;
     }
 
     void press(char key)
@@ -180,8 +176,8 @@ protected:
     {
         std::set<decltype(Model().place())> places;
         Lines paths = {""};
-        for (int i = 0; i < length && !HasFailure(); ++i) {
-            for (const std::string& path : std::exchange(paths, {})) {
+        for (int i = 0; i < length && !HasFailure(); ++i)
+            for (const std::string& path : std::exchange(paths, {}))
                 for (char action : actions) {
                     const std::string next = path + action + pause;
                     walk(next + end);
@@ -191,8 +187,6 @@ protected:
                     if (places.insert(model.place()).second)
                         paths.push_back(next);
                 }
-            }
-        }
     }
 
     BusListener mSent{BusSignals::event};
@@ -231,7 +225,7 @@ TEST_F(RefreshView, FillsTheFiguresIntoTheSuccessText)
 // What integrators watch for.
 TEST_F(RefreshView, LogsEachStep)
 {
-    for (char action : "00i2R0LLq"s) {
+    for (char action : "00i2LL0R"s) {
         perform(action);
         Screen::settle();
     }
@@ -250,14 +244,13 @@ ManRefreshView::showErrDlg, state is 4
 [ManRefreshView] Notify status: 2, state: 1
 ManRefreshView::showErrDlg, state is 5
 ManRefreshView::showErrDlg, mpMsgDlg != NULL
-ManRefreshView::errorRSK
-[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_MANUAL_REFRESH_STATUS, isHide: 0 ...
-[ManRefreshView] Notify status: 0, state: 5
-ManRefreshView::showErrDlg, state is 4
 [ManRefreshView] Incoming VtEvent of type EVENT_INITIATE_MANUAL_REFRESH, isHide: 0 ...
 ManRefreshView::errorLSK
 [ManRefresh] the dlg is hided
-[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_QUEUE_IN_PROGRESS_ERROR, isHide: 1 ...
+[ManRefreshView] Incoming VtEvent of type EVENT_NOTIFY_MANUAL_REFRESH_STATUS, isHide: 1 ...
+[ManRefreshView] Notify status: 0, state: 1
+ManRefreshView::showErrDlg, state is 4
+ManRefreshView::errorRSK
 )");
 }
 
