@@ -63,7 +63,6 @@ TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
     mNode.children = {&none};
     finishRun();
     EXPECT_EQ(lines(), (Lines{"Later", "# none"}));
-    mNode.caption = "Completed";
     takeTrace();
     for (int storm = 0; storm < 3; ++storm)
         mPage->handleEvent(Vt_Event(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED));
