@@ -1,6 +1,5 @@
 #include "ApiProvider.h"
 #include "ApiRegistry.h"
-#include "BusListener.h"
 #include "LogCapture.h"
 #include "MenuStore.h"
 #include "ProfileForm.h"
@@ -12,7 +11,6 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <map>
 #include <regex>
 
 namespace {
@@ -56,11 +54,11 @@ std::string choicesOf(const FormEntry& form)
 }
 
 // With "*" for the name.
-std::string textsOf(const std::string& name, const std::string& kind)
+std::string textsOf(Entry* entry, const std::string& name, const std::string& kind)
 {
-    std::string texts = entryOf(name)->label();
+    std::string texts = entry->label();
     if (kind == "link") {
-        texts += ',' + static_cast<LinkEntry*>(entryOf(name))->url();
+        texts += ',' + static_cast<LinkEntry*>(entry)->url();
     } else if (kind == "node") {
         const MenuNode& node = *nodeOf(name);
         texts += ',' + node.title() + ',' + node.warningLabel() + ',' + node.warningText();
@@ -74,12 +72,6 @@ std::string textsOf(const std::string& name, const std::string& kind)
 
 TEST(Entries, AnswerFromTheirOwnKeys)
 {
-    BusListener bus(BusSignals::event);
-    for (const auto& [group, key, value] : OperatorPack::builtIn().settings) {
-        const bool isMenu = key.ends_with(".ChildIDs");
-        for (const std::string& name : childNames(isMenu ? std::get<std::string>(value) : ""))
-            EXPECT_TRUE(std::ranges::any_of(entries, [&](const auto& e) { return e[0] == name; })) << name;
-    }
     for (const auto& [name, kind, hides, greys, watched, texts] : entries) {
         SCOPED_TRACE(name);
         MenuStore store(MenuStore::KEYS);
@@ -89,17 +81,12 @@ TEST(Entries, AnswerFromTheirOwnKeys)
         EXPECT_EQ(entry->hasValue(), kind == "form");
         for (const char* key : {"AddNewChannelURL", "ManageChannelURL"})
             setStringSetting(GROUP_NEWS_READER_UI, key, "http://later.example/"); // links were read before
-        EXPECT_EQ(textsOf(name, kind), texts);
+        EXPECT_EQ(textsOf(entry, name, kind), texts);
         std::set<std::string> keys;
         entry->watchedKeys(keys);
         EXPECT_EQ(keys, watched.empty() ? std::set<std::string>() : std::set{"VtCore." + watched});
 
-        // One whose API is not registered would show nothing, or do nothing.
-        if (kind == "action")
-            static_cast<ActionEntry*>(entry)->invoke();
-        EXPECT_EQ(bus.take().size(), kind == "action");
-        FormEntry* form = kind == "form" ? formOf(name) : nullptr;
-        EXPECT_TRUE(!form || (entry->valueText() != "" && form->setValue(form->currentIndex() == 0)));
+        const auto asks = [&] { return kind == "node" && nodeOf(name)->needsWarning(); };
         for (int selected : {1, 2, -1, 0}) {
             setIntSetting(GROUP_MENU, "ProfileSelected", selected);
             EXPECT_EQ(entry->isEnabled(), !(greys == "p" && selected == 1)) << selected;
@@ -109,6 +96,7 @@ TEST(Entries, AnswerFromTheirOwnKeys)
             setStringSetting(GROUP_SYSTEM, "EnabledMode", mode);
             EXPECT_EQ(entry->isHidden(), std::ranges::count(hides, *mode)) << mode;
             EXPECT_EQ(entry->isEnabled(), !std::ranges::count(greys, *mode)) << mode;
+            EXPECT_EQ(asks(), std::ranges::count(greys, *mode)) << mode;
         }
         // Only an entry whose own flag allows it looks further, as a wrong type shows in the log.
         CoreStore::instance().write(GROUP_SYSTEM, "EnabledMode", 1);
@@ -118,9 +106,9 @@ TEST(Entries, AnswerFromTheirOwnKeys)
             setBoolSetting(GROUP_MENU, (name + ".visible").c_str(), flag);
             const LogCapture log;
             EXPECT_EQ(entry->isHidden(), !flag);
-            EXPECT_EQ(log.lines().size(), flag && !hides.empty()) << log.text();
             EXPECT_EQ(entry->isEnabled(), flag);
             EXPECT_EQ(log.lines().size(), flag * (!hides.empty() + !greys.empty())) << log.text();
+            EXPECT_FALSE(asks()) << "one that is greyed by its own flag opens all the same";
         }
     }
 }
@@ -132,34 +120,15 @@ TEST(EntryRegistry, KeepsTheKindOfAnEntryWhoseNameGoesToAnother)
     EntryRegistry& registry = *EntryRegistry::instance();
     registry.add("Test", &first, ENTRY_LINK);
     registry.add("Test", &second, ENTRY_ACTION);
-    EXPECT_EQ(registry.kindOf(&first), ENTRY_LINK);
-    EXPECT_EQ(registry.kindOf(&second), ENTRY_ACTION);
-    for (const Entry* entry : {nodeOf("Details")->mChildren[0], static_cast<Entry*>(nullptr)})
-        EXPECT_EQ(registry.kindOf(entry), ENTRY_UNREGISTERED);
     EXPECT_EQ(registry.find("Test"), &second);
-    EXPECT_EQ(registry.find("test"), nullptr);
-}
-
-TEST(SetupHeadlinesNode, WarnsWhileTheServiceIsOff)
-{
-    MenuStore store;
-    MenuNode* node = nodeOf("SetupHeadlines");
-    EXPECT_FALSE(node->needsWarning());
-    setStringSetting(GROUP_SYSTEM, "EnabledMode", "DISABLED_NORMAL_MODE");
-    EXPECT_TRUE(node->needsWarning());
-    node->acceptWarning();
-    EXPECT_EQ(getStringSetting(GROUP_SYSTEM, "EnabledMode"), "ENABLED_NORMAL_MODE");
-    setBoolSetting(GROUP_MENU, "SetupHeadlines.enabled", false);
-    EXPECT_FALSE(node->isEnabled() || node->needsWarning()) << "greyed, but opens without asking";
+    EXPECT_EQ(registry.kindOf(&second), ENTRY_ACTION);
+    EXPECT_EQ(registry.kindOf(&first), ENTRY_LINK);
+    EXPECT_EQ(registry.kindOf(nullptr), ENTRY_UNREGISTERED);
 }
 
 TEST(TableForms, ReadAndWriteWhatTheirTablesSay)
 {
     MenuStore store;
-    const std::map<std::string, std::pair<int, const char*>> settings = {
-        {"Scrolling", {GROUP_NEWS_READER_UI, "ScrollingRate"}},
-        {"Download", {GROUP_SERVICE, "DownloadOption"}},
-        {"CustomHomeMode", {GROUP_SYSTEM, "EnabledMode"}}};
     // A form, what is stored, the choice it shows as, a choice then made, and what is stored if that is taken.
     for (const auto& [name, stored, current, chosen, then] : table<5>(R"(
 Scrolling|3|0|1|2;Scrolling|2|1|3|0;Scrolling|1|2|2|;Scrolling|0|3|0|3;Scrolling|7|0|0|;Scrolling|-1|0|2|1;
@@ -168,9 +137,11 @@ Download|0|0|2|2;Download|1|1|0|0;Download|2|2|1|1;Download|3|0|3|;
 CustomHomeMode|ENABLED_NORMAL_MODE|0|1|DISABLED_NORMAL_MODE;CustomHomeMode|ENABLED_NORMAL_MODE|0|2|;
 CustomHomeMode|DISABLED_NORMAL_MODE|1|0|ENABLED_NORMAL_MODE;CustomHomeMode|HIDDEN_MODE|0|0|)")) {
         SCOPED_TRACE(name + stored + chosen);
-        const auto [group, key] = settings.at(name);
-        const auto valueOf = [&](const std::string& text) {
-            return name == "CustomHomeMode" ? SettingValue(text) : SettingValue(std::stoi(text));
+        const auto [group, key] = name == "Scrolling"  ? std::pair(GROUP_NEWS_READER_UI, "ScrollingRate")
+                                  : name == "Download" ? std::pair(GROUP_SERVICE, "DownloadOption")
+                                                       : std::pair(GROUP_SYSTEM, "EnabledMode");
+        const auto valueOf = [](const std::string& text) {
+            return text.ends_with("MODE") ? SettingValue(text) : SettingValue(std::stoi(text));
         };
         SettingValue value;
         CoreStore::instance().write(group, key, valueOf(stored));
@@ -211,10 +182,9 @@ TEST(ProfileForm, ListsTheProfilesAndFlagsAndInstallsTheChosenOne)
         setIntSetting(GROUP_MENU, "ProfileSelected", 1);
         core.installPack(pack);
         core.setCurrentProfile(before);
-        EXPECT_EQ(line.hasValue(), value != "-"); // reloads the form
+        EXPECT_EQ(line.hasValue() ? line.valueText() : "-", value); // reloads the form, first of all
         EXPECT_EQ(choicesOf(form), choices + ",![]");
         EXPECT_EQ(form.currentIndex(), std::stoi(index));
-        EXPECT_TRUE(value == "-" || line.valueText() == value) << line.valueText();
         setIntSetting(GROUP_MENU, "ProfileSelected", 0);
         EXPECT_EQ(form.setValue(std::stoi(chosen)), !installed.empty());
         std::string inForce;
@@ -229,11 +199,6 @@ TEST(ProfileForm, ListsTheProfilesAndFlagsAndInstallsTheChosenOne)
         core.setFact("user_select_profile", allowed);
         EXPECT_EQ(line.isHidden(), *allowed == 'f');
     }
-    static bool isAsked = false;
-    ApiRegistry::instance()->add("HIDE_PROFILE_API", ApiRegistry::HidePredicate([] { return isAsked = true; }));
-    setBoolSetting(GROUP_MENU, "Profile.visible", false);
-    EXPECT_TRUE(line.isHidden() && !isAsked) << "the flag hides it";
-    ApiRegistry::instance()->add("HIDE_PROFILE_API", ProfileChoice::isFixed);
 }
 
 TEST(ApiOptionForm, TakesAChoiceWithoutASetter)
@@ -243,21 +208,15 @@ TEST(ApiOptionForm, TakesAChoiceWithoutASetter)
         using ApiOptionForm::ApiOptionForm;
         std::string instructText() const override { return {}; }
     };
-    static std::string list = "a\nb\n\nb c", asked;
+    static std::string asked;
     ApiRegistry& apis = *ApiRegistry::instance();
-    apis.add("Test.list", ApiRegistry::Text([] { return asked += "list ", list; }));
+    apis.add("Test.list", ApiRegistry::Text([] { return asked += "list ", "a\nb\n\nb c"s; }));
     apis.add("Test.current", ApiRegistry::Text([] { return asked += "current ", "b"s; }));
     Form form("Test", "Test.list", "Test.current", "Test.no");
-    for (const char* choices : {",[],[a],[b],[],[b c],[]", ",[],[a],[b],[]"}) {
-        form.reload();
-        EXPECT_EQ(choicesOf(form), choices);
-        EXPECT_TRUE(form.currentIndex() == 1 && form.setValue(0));
-        list = "a\nb\n";
-    }
-    EXPECT_EQ(asked, "list current list current ");
-    apis.add("Test.list", ApiRegistry::Text(nullptr));
     form.reload();
-    EXPECT_EQ(form.optionCount(), 0);
+    EXPECT_EQ(choicesOf(form), ",[],[a],[b],[],[b c],[]");
+    EXPECT_TRUE(form.currentIndex() == 1 && form.setValue(0));
+    EXPECT_EQ(asked, "list current ");
 }
 
 // The names of the node's children after a fresh load: "Scrolling,Download". Each label is its own key.
@@ -326,16 +285,15 @@ TEST(DetailsNode, ShowsEachFactUnderItsHeading)
     std::string page;
     for (const Entry* row : nodeOf("Details")->mChildren) {
         EXPECT_TRUE(!row->isHidden() && row->isEnabled() && row->hasValue());
-        const std::string value = row->valueText();
-        const size_t date = value.find('\n') == 19 ? 20 : 0;
-        page += row->label() + ": " + std::regex_replace(value.substr(date), std::regex("\n"), "\\n") + '\n';
+        const std::string value = std::regex_replace(row->valueText(), std::regex("\n"), "\\n");
+        page += row->label() + ": " + std::regex_replace(value, std::regex(R"(^[-:\d ]+\\n)"), "date, ") + '\n';
     }
     EXPECT_EQ(page, R"(Details.HomeNetworkLabel: Northline
 Details.CurrentNetworkLabel: Elsewhere
 Details.DownloadOptionLabel: Download.AlwaysLabel
 Details.RoamingStatusLabel: Roaming.NonRoamingLabel
 Details.CurrentActivityLabel: Details.IdleLabel
-Details.LastConnectionLabel: Details.FailedLabel
+Details.LastConnectionLabel: date, Details.FailedLabel
 Details.SubscriptionLabel: 3 Details.ChannelsLabel\nWorld News\nSport\nWeather\n
 Details.MemoryLabel: Details.ContentMemoryLabel 0 K\nDetails.FreeMemoryLabel 680 K\nDetails.TotalMemoryLabel 680 K\n
 )");
