@@ -1,7 +1,6 @@
 #include "ApiProvider.h"
 #include "ApiRegistry.h"
 #include "BusListener.h"
-#include "FileLock.h"
 #include "LogCapture.h"
 #include "MemoryFile.h"
 #include "MenuStore.h"
@@ -17,12 +16,9 @@
 
 #include <QTest>
 
-#include <regex>
 #include <sqlite3.h>
 
 namespace {
-
-using Map = Vt_Event::Parameters;
 
 TEST(ApiRegistry, CallsWhatANameWasGivenLast)
 {
@@ -34,62 +30,41 @@ TEST(ApiRegistry, CallsWhatANameWasGivenLast)
     apis.add("Test.b", ApiRegistry::Setter([](int i) { called += std::to_string(i); }));
     apis.add("Test.b", ApiRegistry::HidePredicate([] { return true; }));
     const LogCapture log;
-    for (const std::string name : {"Test.b", "Test.a", "Test.c", "test.b", "", "zzz"}) {
+    for (const std::string name : {"Test.b", "Test.a", "Test.c", "test.b"}) {
         const bool isKnown = name == "Test.b";
-        called.clear();
-        EXPECT_EQ(apis.text(name), isKnown ? "text" : "") << name;
-        EXPECT_EQ(apis.isHidden(name), isKnown) << name;
+        called = apis.text(name) + (apis.isHidden(name) ? " hidden " : "");
         ActionEntry entry(name, "label");
         EXPECT_TRUE(!entry.isHidden() && entry.isEnabled() && entry.label() == "label");
         for (entry.mArgMode = 0; entry.mArgMode < 2; ++entry.mArgMode)
             entry.invoke(7 + entry.mArgMode), entry.invoke();
-        EXPECT_EQ(called, isKnown ? "act 8" : "") << name;
+        EXPECT_EQ(called, isKnown ? "text hidden act 8" : "") << name;
     }
     EXPECT_EQ(log.text(), "");
 }
 
-TEST(ApiProvider, SendsTheEventOfEachAction)
+TEST(ApiProvider, SendsTheEventOfEachActionAndFollowsTheUpdates)
 {
     ApiProvider::instance();
     BusListener bus(BusSignals::event);
     // What is sent: name, value, map, whether there is one, text, mode. MEMORY_API is a text, no action.
-    for (const auto& [name, event] : table<2>(R"(
-READ_STORY_API|EVENT_NAVIGATE,7,,false,,1;NEXT_CHANNEL|EVENT_NAVIGATE,6,,false,,1
-PREV_CHANNEL|EVENT_NAVIGATE,5,,false,,1;HOW_TO_USE_API|EVENT_SHOW_HELP_EXCERPT_PAGE,0,,false,wac,0
-READ_MORE_API;SET_API;MEMORY_API;next_channel)")) {
+    const std::pair<const char*, std::string> actions[] = {
+        {"READ_STORY_API", "EVENT_NAVIGATE|7||false||1"},
+        {"NEXT_CHANNEL", "EVENT_NAVIGATE|6||false||1"},
+        {"PREV_CHANNEL", "EVENT_NAVIGATE|5||false||1"},
+        {"HOW_TO_USE_API", "EVENT_SHOW_HELP_EXCERPT_PAGE|0||false|wac|0"}};
+    for (const char* name : {"READ_MORE_API", "SET_API", "MEMORY_API", "next_channel"})
+        ApiRegistry::instance()->act(name); // sends nothing
+    for (const auto& [name, event] : actions) {
         ApiRegistry::instance()->act(name);
-        const std::vector<std::string> sent = bus.take();
-        EXPECT_EQ(sent.size(), !event.empty()) << name;
-        EXPECT_EQ(sent.empty() ? "" : std::regex_replace(sent[0], std::regex("\\|"), ","), event);
+        EXPECT_EQ(bus.take(), std::vector{event}) << name;
     }
-}
-
-TEST(ApiProvider, FollowsTheServiceAndSavesTheMemoryTexts)
-{
-    const KeptFile kept(MemoryFile::defaultPath);
-    PrivateFile::write(MemoryFile::defaultPath, "1 M\n2 M\n3 M\n");
-    StatusValues::State& state = StatusValues::state() = {};
-    const Vt_Event started(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_STARTED);
-    const Vt_Event completed(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED);
-    const Vt_Event storage(NR_Constants::EVENT_NOTIFY_STORAGE_STATUS, 0,
-                           std::make_shared<Map>(Map{{"free", "9 M"}}));
-    const auto send = [](const Vt_Event& event) { Vt_EventAndStatusFacade::instance()->sendEvent(event, 0); };
-    {
-        ApiProvider provider;
-        EXPECT_EQ(state.totalMemoryText, "1 M");
-        send(started);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return state.updateInProgress; }));
-        send(completed);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !state.updateInProgress; }));
-        send(storage);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return state.freeMemoryText == "9 M"; }));
+    StatusValues::state() = {};
+    for (const bool isOn : {true, false}) {
+        const std::string& event = isOn ? NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_STARTED
+                                        : NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED;
+        Vt_EventAndStatusFacade::instance()->sendEvent(Vt_Event(event), 0);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return StatusValues::state().updateInProgress == isOn; })) << event;
     }
-    EXPECT_EQ(PrivateFile::read(MemoryFile::defaultPath), "1 M\n9 M\n3 M\n");
-    // What comes now must not go to the provider that is gone.
-    BusListener bus(BusSignals::event);
-    for (const Vt_Event& event : {started, completed, storage})
-        send(event);
-    EXPECT_EQ(bus.take().size(), 3);
 }
 
 TEST(MemoryFile, ReadsTheLinesThereAre)
@@ -153,7 +128,7 @@ TEST(StatusValues, TellsWhetherThePhoneRoamsAndDownloads)
     // The download option, the facts roaming and friendly, of which an empty one is a query that fails, and what is told.
     for (const auto& [option, roaming, friendly, status, mode, activity] : table<6>(R"(
 -1|0||NonRoaming||Inactive;0|1|true|NonRoaming|Always|Idle;1||false|NonRoaming|Home|Idle;1|1|true|NonRoaming|Home|Idle
-1|-1|false|Roaming|Home|Inactive;1|1|||Home|Inactive;2|0|false|NonRoaming|Never|Never;3|0|false|NonRoaming||Inactive)")) {
+1|-1|false|Roaming|Home|Inactive;1|1|||Home|Inactive;3|0|false|NonRoaming||Inactive;2|0|false|NonRoaming|Never|Never)")) {
         SCOPED_TRACE(option + "/" + roaming);
         setIntSetting(GROUP_SERVICE, "DownloadOption", std::stoi(option));
         CoreStore::instance().setFact("roaming", roaming);
@@ -162,10 +137,9 @@ TEST(StatusValues, TellsWhetherThePhoneRoamsAndDownloads)
                   status.empty() ? "Can not get Roaming status" : "Roaming." + status + "Label");
         EXPECT_EQ(StatusValues::downloadMode(), mode.empty() ? unknown : "Download." + mode + "Label");
         EXPECT_EQ(StatusValues::activity(), "Details." + activity + "Label");
-        StatusValues::state().updateInProgress = true;
-        EXPECT_EQ(StatusValues::activity(), "Details.DownloadingLabel");
-        StatusValues::state().updateInProgress = false;
     }
+    StatusValues::state().updateInProgress = true;
+    EXPECT_EQ(StatusValues::activity(), "Details.DownloadingLabel") << "which is never, but for now";
     TestStore empty;
     EXPECT_EQ(StatusValues::downloadMode(), unknown);
 }
@@ -173,17 +147,16 @@ TEST(StatusValues, TellsWhetherThePhoneRoamsAndDownloads)
 TEST(StatusValues, FollowsTheStorageEvents)
 {
     MenuStore menu(MenuStore::KEYS);
-    StatusValues::state() = {};
     const std::string storage = NR_Constants::EVENT_NOTIFY_STORAGE_STATUS, huge(10000, 'x');
-    StatusValues::follow(Vt_Event(storage));
-    const auto after = [](const std::string& event, const Map& map) {
-        StatusValues::follow(Vt_Event(event, 1, std::make_shared<Map>(map)));
-        return StatusValues::memory();
+    const std::pair<std::string, Vt_Event::Parameters> events[] = {
+        {storage, {{"total", huge}, {"free", "9 %s"}, {"used", ""}}},
+        {storage, {{"Free", "1"}, {"", "3"}}},
+        {"UNKNOWN", {{"free", "1"}}},
     };
-    const std::string text = StatusValues::memory(); // of 0 K, 680 K, 680 K
-    EXPECT_EQ(after("UNKNOWN", {{"free", "1"}}), text);
-    EXPECT_EQ(after(storage, {{"Free", "1"}, {"", "3"}}), text);
-    EXPECT_EQ(after(storage, {{"total", huge}, {"free", "9 %s"}, {"used", ""}}),
+    for (const auto& [name, parameters] : events)
+        StatusValues::follow(Vt_Event(name, 1, std::make_shared<Vt_Event::Parameters>(parameters)));
+    StatusValues::follow(Vt_Event(storage)); // without any
+    EXPECT_EQ(StatusValues::memory(),
               "Details.ContentMemoryLabel \nDetails.FreeMemoryLabel 9 %s\nDetails.TotalMemoryLabel " + huge +
                   '\n');
 }
