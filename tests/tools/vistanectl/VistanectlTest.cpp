@@ -1,4 +1,5 @@
 #include "DesktopStandIn.h"
+#include "FileContent.h"
 #include "HostBus.h"
 #include "NR_Constants.h"
 #include "OperatorPack.h"
@@ -15,18 +16,12 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <set>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
 namespace {
-
-QString contentOf(const QString& name)
-{
-    QFile file(SOURCE_DIR "/" + name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
 
 const char smallPack[] = R"({
     "settings": {"VtCore.Menu": {"Details.title": "Details", "Details.visible": true},
@@ -201,8 +196,8 @@ TEST(Launcher, SaysWhatWasStarted)
 // docs/operators.md ends with what the program says of its settings.
 TEST_F(Command, TheOperatorsGuideHoldsWhatItSays)
 {
-    const QString guide = contentOf("docs/operators.md");
-    EXPECT_EQ(guide.sliced(guide.indexOf("### ")).trimmed().toStdString() + "\n\n", run({"guide"}).out);
+    const std::string guide = contentOf(SOURCE_DIR "/docs/operators.md");
+    EXPECT_EQ(guide.substr(guide.find("### ")) + '\n', run({"guide"}).out);
 }
 
 TEST_F(Command, WhatIsSentIsWatched)
@@ -255,9 +250,9 @@ TEST(StandIn, ItsTimeStopsWhereTheStoresNumbersEnd)
 
 // What lint says, its lines joined by "^", of a shipped pack in which some values are others: "key=new value/key that
 // is taken away".
-std::string lint(const QString& packName, const std::string& edits)
+std::string lint(const std::string& packName, const std::string& edits)
 {
-    QString pack = contentOf("share/packs/" + packName);
+    auto pack = QString::fromStdString(contentOf(SOURCE_DIR "/share/packs/" + packName));
     for (const QString& edit : QString::fromStdString(edits).split('/', Qt::SkipEmptyParts)) {
         const QString key = edit.section('=', 0, 0), value = edit.section('=', 1);
         const QRegularExpression setting("\"" + QRegularExpression::escape(key) + "\": (\".*\"|\\w+)");
@@ -297,16 +292,15 @@ ManRefresh.Instruction.DownloadSuccessed="%1 stories, %1 KB, 100%"|VtCore.Menu.M
 // without the others.
 TEST(Lint, NamesEverySettingThatIsMissingOrOfAnotherType)
 {
-    const QRegularExpression structure("visible$|ChildIDs$|^ManualRefresh$");
-    const QRegularExpression optional("^SetupHeadlines.label$|^ProfileSelected$|^RuntimeValues");
+    const std::regex structure("visible$|ChildIDs$|^ManualRefresh$");
+    const std::regex optional("^SetupHeadlines.label$|^ProfileSelected$|^RuntimeValues");
     OperatorPack wrong, without;
     std::set<std::string> ofWrongType, missing;
     for (OperatorPack::Setting setting : OperatorPack::builtIn().settings) {
         const std::string name = std::string(settingGroupName(setting.group)) + '.' + setting.key;
-        const QString key = QString::fromStdString(setting.key);
-        if (key.contains(structure))
+        if (std::regex_search(setting.key, structure))
             without.settings.push_back(setting);
-        else if (!key.contains(optional))
+        else if (!std::regex_search(setting.key, optional))
             missing.insert(name);
         ofWrongType.insert(name);
         setting.value = setting.value.index() == 0 ? SettingValue(true) : SettingValue(7);
