@@ -71,15 +71,14 @@ TEST(MemoryFile, ReadsTheLinesThereAre)
 {
     const QTemporaryDir dir;
     const std::string path = dir.filePath("vtmem").toStdString();
-    for (const auto& [text, total, free, used] : table<4>(R"(1 M,2 M,3 M|1 M|2 M|3 M;1 M,2 M,|1 M|2 M|0 K
-|680 K|680 K|0 K;,,,|||;1,2,3,4,|1|2|3)")) {
-        std::string lines = text;
+    // The lines, each ended by a comma, and the texts then: total, free, used.
+    for (auto [lines, texts] :
+         table<2>("1 M,2 M,3 M|1 M,2 M,3 M;1 M,2 M,|1 M,2 M,0 K;|680 K,680 K,0 K;,,,|,,;1,2,3,4,|1,2,3")) {
         std::ranges::replace(lines, ',', '\n');
         PrivateFile::write(path.c_str(), lines);
         StatusValues::State state;
         MemoryFile::load(path.c_str(), state);
-        EXPECT_EQ(state.totalMemoryText + '|' + state.freeMemoryText + '|' + state.usedMemoryText,
-                  total + '|' + free + '|' + used);
+        EXPECT_EQ(state.totalMemoryText + ',' + state.freeMemoryText + ',' + state.usedMemoryText, texts);
     }
 }
 
