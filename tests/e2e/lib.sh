@@ -14,7 +14,8 @@ fail() {
 same() { [ "$1" = "$2" ] || fail "got \"$1\", wanted \"$2\""; }
 wait_for() { phone_wait "$@" || fail "waited in vain for: $*"; }
 gone() { ! kill -0 "$1" 2>/dev/null; }
-press() { xdotool key "$@"; }
+# One by one: a display that is late gives two presses one time, which is how a held key looks.
+press() { local key; for key; do xdotool key "$key"; done; }
 # exit status, command
 exits() { local status=0; "${@:2}" || status=$?; same "${*:2}: $status" "${*:2}: $1"; }
 ends() { exits 0 wait "$phone_program"; }
