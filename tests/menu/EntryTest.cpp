@@ -97,6 +97,10 @@ TEST(Entries, AnswerFromTheirOwnKeys)
             EXPECT_EQ(entry->isHidden(), std::ranges::count(hides, *mode)) << mode;
             EXPECT_EQ(entry->isEnabled(), !std::ranges::count(greys, *mode)) << mode;
             EXPECT_EQ(asks(), std::ranges::count(greys, *mode)) << mode;
+            if (asks()) {
+                nodeOf(name)->acceptWarning();
+                EXPECT_EQ(getStringSetting(GROUP_SYSTEM, "EnabledMode"), "ENABLED_NORMAL_MODE");
+            }
         }
         // Only an entry whose own flag allows it looks further, as a wrong type shows in the log.
         CoreStore::instance().write(GROUP_SYSTEM, "EnabledMode", 1);
@@ -199,6 +203,11 @@ TEST(ProfileForm, ListsTheProfilesAndFlagsAndInstallsTheChosenOne)
         core.setFact("user_select_profile", allowed);
         EXPECT_EQ(line.isHidden(), *allowed == 'f');
     }
+    static bool isAsked = false;
+    ApiRegistry::instance()->add("HIDE_PROFILE_API", ApiRegistry::HidePredicate([] { return isAsked = true; }));
+    setBoolSetting(GROUP_MENU, "Profile.visible", false);
+    EXPECT_TRUE(line.isHidden() && !isAsked) << "the flag hides it";
+    ApiRegistry::instance()->add("HIDE_PROFILE_API", ProfileChoice::isFixed);
 }
 
 TEST(ApiOptionForm, TakesAChoiceWithoutASetter)
