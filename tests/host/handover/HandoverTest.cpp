@@ -53,7 +53,8 @@ TEST(Handover, RefusesWhatItDoesNotKnowAndSaysSo)
     EXPECT_NE(SDManager(0).performAction("DIAL", {}), 0);
     EXPECT_TRUE(desktop.take(0).empty());
     EXPECT_EQ(log.lines().size(), 9u);
-    EXPECT_EQ(refused.take().at(6), "openDocument|/etc/passwd||true|a link that may not be opened: /etc/passwd");
+    EXPECT_EQ(refused.take().at(6),
+              "openDocument|/etc/passwd||true|a link that may not be opened: /etc/passwd");
     EXPECT_EQ(log.lines().at(5),
               "(Handover:*)[~~~~vistane~~~~]a link that may not be opened: %0Aforged%20line:");
 }

@@ -189,8 +189,9 @@ TEST_F(Command, WithoutAStoreOrABusNothingIsPretended)
 TEST(Launcher, SaysWhatWasStarted)
 {
     const DesktopStandIn desktop;
-    Vistanectl().runAll("open tel:+1(202)5550123|0|xdg-open tel:+12025550123\ttrue^;"
-                        "open javascript:alert(1)|1|nothing\tfalse^|a link that may not be opened: javascript:alert(1)");
+    Vistanectl().runAll(
+        "open tel:+1(202)5550123|0|xdg-open tel:+12025550123\ttrue^;"
+        "open javascript:alert(1)|1|nothing\tfalse^|a link that may not be opened: javascript:alert(1)");
 }
 
 // docs/operators.md ends with what the program says of its settings.
