@@ -3,7 +3,8 @@
 #include "Entry.h"
 
 // A link to a page of the headline channels; hidden while the service is off. The link is read once, so a new
-// one holds from the next start.
+// one holds from the next start. Made and named by EntryRegistry; one more needs its settings in SettingTable, its texts
+// in the packs, and its name in a menu's child list.
 class ChannelLink : public LinkEntry
 {
 public:

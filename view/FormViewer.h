@@ -6,7 +6,8 @@ class FormEntry;
 
 namespace vtmenu {
 
-// The pop-up in which one choice of a form is made. It lives on the stack of the menu viewer that runs it:
+// The pop-up in which one choice of a form is made. It lives on the stack of the menu viewer that runs it, so nobody
+// deletes it:
 //
 //     if (viewer.exec() == 1)
 //         viewer.applyChoice();

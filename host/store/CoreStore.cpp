@@ -1,7 +1,7 @@
 #include "CoreStore.h"
 
 #include "Failure.h"
-#include "KnownSettings.h"
+#include "SettingCache.h"
 #include "SettingGroups.h"
 #include "StoreFile.h"
 #include "StoreRows.h"
@@ -21,7 +21,7 @@ struct CoreStore::Database
 {
     StoreFile file;
     Sqlite::Connection connection;
-    KnownSettings known{connection};
+    SettingCache known{connection};
     bool onDisk = false;
     bool inTransaction = false;
     QDeadlineTimer impatient{0}; // until then, nobody is waited for
@@ -201,8 +201,8 @@ bool CoreStore::isOnDisk() const
 
 StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value)
 {
-    KnownSettings& known = mDatabase->known;
-    KnownSettings::Answer answer;
+    SettingCache& known = mDatabase->known;
+    SettingCache::Answer answer;
     if (const auto* found = mDatabase->inTransaction ? nullptr : known.find(group, key)) {
         answer.status = found->status;
         if (answer.status == STORE_OK)

@@ -21,7 +21,8 @@ public:
     void remove(const std::string& eventName, Vt_EventHandler* handler);
     void remove(Vt_EventHandler* handler);
 
-    // Returns at once. False when the event stays within the process.
+    // Returns at once; handlers are called from the event loop. False when the event stays within the process, for want
+    // of a bus. `mode` only travels with it.
     bool send(const Vt_Event& event, int mode);
 
 private:
@@ -35,7 +36,7 @@ private:
     void listen();
     bool isStillThere(int number) const;
     void deliver(const Vt_Event& event);
-    void giveUpRefresh();
+    void giveUpRefresh(); // for a service that is not there
 
     std::vector<Subscription> mSubscriptions;
     int mLastNumber = 0;

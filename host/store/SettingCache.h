@@ -16,7 +16,7 @@ class Connection;
 
 // What was read of the settings, for as long as nobody has written to the file since, in this program or another. To ask
 // the file costs system calls for its locks each time, and a menu asks for the same few settings again and again.
-class KnownSettings
+class SettingCache
 {
 public:
     struct Answer
@@ -26,7 +26,7 @@ public:
     };
 
     // The connection has to outlive this. Of a file that has no write-ahead log, nothing is ever known.
-    explicit KnownSettings(Sqlite::Connection& connection) : mConnection(connection) {}
+    explicit SettingCache(Sqlite::Connection& connection) : mConnection(connection) {}
 
     // Null when it has to be read; add() then takes what came of that. Not to be asked inside a write transaction, whose
     // changes nobody has been told of.

@@ -1,4 +1,4 @@
-#include "KnownSettings.h"
+#include "SettingCache.h"
 
 #include "Sqlite.h"
 
@@ -12,7 +12,7 @@ constexpr size_t mostOfAGroup = 1000; // more than a menu asks for
 
 } // namespace
 
-const KnownSettings::Answer* KnownSettings::find(int group, std::string_view key)
+const SettingCache::Answer* SettingCache::find(int group, std::string_view key)
 {
     if (!mLooked)
         findIndex();
@@ -27,14 +27,14 @@ const KnownSettings::Answer* KnownSettings::find(int group, std::string_view key
     return found == known.end() ? nullptr : &found->second;
 }
 
-void KnownSettings::add(int group, std::string_view key, Answer answer)
+void SettingCache::add(int group, std::string_view key, Answer answer)
 {
     if (mAsOf && mKnown[group].size() < mostOfAGroup)
         mKnown[group].emplace(key, std::move(answer));
 }
 
 // In any other mode, SQLite would make the index to show it.
-void KnownSettings::findIndex()
+void SettingCache::findIndex()
 {
     mLooked = true;
     Sqlite::Query mode(mConnection, "PRAGMA journal_mode");
@@ -51,7 +51,7 @@ void KnownSettings::findIndex()
         mIndex = static_cast<const volatile uint32_t*>(index);
 }
 
-std::optional<KnownSettings::Header> KnownSettings::header() const
+std::optional<SettingCache::Header> SettingCache::header() const
 {
     if (!mIndex)
         return std::nullopt;
