@@ -2,9 +2,9 @@
 
 #include "AM_ActionData.h"
 #include "AM_LauncherClient.h"
+#include "BusListener.h"
 #include "DesktopStandIn.h"
 #include "LogCapture.h"
-#include "PlatformRequests.h"
 #include "SDManager.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ const std::string calendar = "5c2d7a10-8e4b-4f3a-9b61-0d7e2c4a9f35";
 TEST(Handover, StartsTheProgramThatIsInstalledUnlessItIsOff)
 {
     DesktopStandIn desktop({"xdg-open", "kaddressbook"}); // the second one of the table
-    PlatformRequests requests;
+    BusListener requests(BusSignals::request);
     EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, false), 0);
     EXPECT_EQ(desktop.take(1).at(0).words, std::vector{"kaddressbook"s});
 

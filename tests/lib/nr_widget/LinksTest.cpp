@@ -1,9 +1,9 @@
+#include "BusListener.h"
 #include "DesktopStandIn.h"
 #include "FileLock.h"
 #include "LogCapture.h"
 #include "NR_MessageFile.h"
 #include "NR_URLLauncher.h"
-#include "PlatformRequests.h"
 #include "PrivateFile.h"
 #include "TestStore.h"
 
@@ -81,7 +81,7 @@ protected:
 TEST_F(Links, AreTakenApartAndAskThePlatform)
 {
     qputenv("VISTANE_HANDOVER", "off");
-    PlatformRequests requests;
+    BusListener requests(BusSignals::request);
     const std::vector<Row> cases = casesOf("links.tsv");
     for (const Row& row : cases) {
         SCOPED_TRACE(testing::PrintToString(row));
@@ -134,7 +134,7 @@ TEST_F(Links, DoNotLeadToWhatIsPlantedForTheMessageFileNorSendAnEarlierText)
     ASSERT_TRUE(PrivateFile::write(precious.c_str(), "secret"));
     unlink(NR_MessageFile::path);
     ASSERT_EQ(symlink(precious.c_str(), NR_MessageFile::path), 0);
-    PlatformRequests requests;
+    BusListener requests(BusSignals::request);
     launch("smsto:1?text=x");
     unlink(NR_MessageFile::path);
     EXPECT_EQ(desktop.take(1).at(0).words.back(), "sms:1");

@@ -55,21 +55,17 @@ TEST(Setting, AnotherProgramsWriteIsSeenByTheNextRead)
     ASSERT_TRUE(tidy.open(store.path(), SQLITE_OPEN_READWRITE).isOk());
     OperatorPack pack;
     std::optional<int> user, fromPack;
+    const std::function<void(int)> writers[] = {
+        [&](int i) { other.write(menu, "n", *(user = i)); },
+        [&](int i) {
+            pack.settings = {{menu, "n", *(fromPack = -i)}}, other.installPack(pack);
+        },
+        [&](int) { user.reset(), other.reset(menu, "n"); },
+        [&](int i) { manager().setInt(menu, "n", *(user = i)); },
+        [&](int) { (void)tidy.execute("PRAGMA wal_checkpoint(TRUNCATE)"); },
+    };
     for (int i = 0; i < 300; ++i) {
-        const int what = i * 7 % 5;
-        if (what == 0) {
-            other.write(menu, "n", *(user = i));
-        } else if (what == 1) {
-            pack.settings = {{menu, "n", *(fromPack = -i)}};
-            other.installPack(pack);
-        } else if (what == 2) {
-            user.reset();
-            other.reset(menu, "n");
-        } else if (what == 3) {
-            manager().setInt(menu, "n", *(user = i));
-        } else {
-            ASSERT_TRUE(tidy.execute("PRAGMA wal_checkpoint(TRUNCATE)").isOk());
-        }
+        writers[i * 7 % 5](i);
         for (const int again : {1, 2}) {
             int number = -1;
             manager().getInt(menu, "n", number);
