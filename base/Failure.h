@@ -9,9 +9,9 @@ namespace Failure {
 
 enum class Kind {
     NotSaved,      // a choice could not be written
-    NoStore,       // nothing will be, in this run
+    NoStore,       // the store can't be used now, so no choice is saved
     NotOpened,     // nobody takes such a link; about: its scheme, with the colon
-    NoApplication, // an application that is not here; about: its identifier
+    NoApplication, // nothing here can serve a request
 };
 
 // `about` is one line of a length that a screen can show.

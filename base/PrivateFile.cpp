@@ -42,8 +42,7 @@ bool writeAll(int file, std::string_view text)
     return true;
 }
 
-// Whether nothing has the name, or a file of the user's own, which a new one may replace: what else is called so keeps
-// its other name and its text.
+// Whether nothing has the name, or a file of the user's own. One with a second name loses only this one.
 bool mayReplace(const char* path)
 {
     struct stat status;

@@ -47,8 +47,8 @@ int DetailViewer::showView()
     return 0;
 }
 
-// A run that is cancelled ends for the user before the service has done with it. Once for as many events as come together,
-// and after everybody else whom they tell something has heard it.
+// A run that is cancelled ends for the user before the service has done with it. The facts are asked for once, however
+// many events come together, and only after all other handlers have had them.
 void DetailViewer::handleEvent(const Vt_Event& /*event*/)
 {
     mDue.start(0);

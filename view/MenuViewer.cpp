@@ -163,7 +163,7 @@ void MenuViewer::hideAndDelete()
         if (!mIsRoot)
             mLife.deleteSoon();
     }
-    // Each time: one that came before the event loop ran has ended nothing.
+    // Every time: quit() does nothing before the event loop runs.
     if (mIsRoot)
         qApp->quit();
 }

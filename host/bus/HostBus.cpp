@@ -73,15 +73,15 @@ QDBusConnection& bus()
     return connection;
 }
 
-bool ownName(const QString& name)
+// What the bus answers to who wants a name; 0 when it does not answer.
+enum NameReply { NoReply = 0, Owner = 1, AnotherOwns = 3, OwnedAlready = 4 };
+
+NameReply requestName(const QString& name)
 {
     constexpr uint doNotQueue = 4;
-    constexpr int owner = 1;
-    constexpr int alreadyOwner = 4;
     const QDBusMessage request =
         callToBus(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"), {name, doNotQueue});
-    const int answer = bus().call(request, QDBus::Block, patience).arguments().value(0).toInt();
-    return answer == owner || answer == alreadyOwner;
+    return static_cast<NameReply>(bus().call(request, QDBus::Block, patience).arguments().value(0).toInt());
 }
 
 } // namespace
@@ -133,7 +133,8 @@ void deliverPending(QObject* context)
 
 bool ownServiceName()
 {
-    return isConnected() && ownName(BusSignals::service);
+    const NameReply reply = isConnected() ? requestName(BusSignals::service) : NoReply;
+    return reply == Owner || reply == OwnedAlready;
 }
 
 bool beOnlyMenu(QObject* context, std::function<void(const QByteArray& token)> raise)
@@ -141,9 +142,10 @@ bool beOnlyMenu(QObject* context, std::function<void(const QByteArray& token)> r
     if (!isConnected())
         return true;
     const QString path = QStringLiteral("/org/vistane/Menu");
+    // First of all: who finds the name must find the object.
     bus().registerObject(path, new BusActivation(std::move(raise), context),
                          QDBusConnection::ExportScriptableSlots);
-    if (ownName(BusSignals::menu))
+    if (requestName(BusSignals::menu) != AnotherOwns)
         return true;
     QDBusMessage call = QDBusMessage::createMethodCall(
         BusSignals::menu, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));

@@ -33,12 +33,13 @@ bool ownServiceName();
 // Whether anybody owns the service's name.
 bool hasService();
 
-// Calls `lost` from the event loop when its owner gives it up, until `context` is destroyed.
+// Calls `lost` from the event loop whenever the service's name loses its owner, to another one or with the bus itself,
+// until `context` is destroyed.
 void onServiceLost(QObject* context, std::function<void()> lost);
 
-// Makes this process the one menu on the bus, until `context` is destroyed; `raise` is then called from the event loop
-// when somebody wants it in front, with the token that the compositor may want to see. False when there is one already,
-// which has then been asked to come to the front.
+// Makes this process the one menu on the bus, until it ends. Until `context` is destroyed, `raise` is called from the
+// event loop when somebody wants it in front, with the token that the compositor may want to see. False when another
+// process is the menu already, which has then been asked to come to the front; true, too, when there is no bus.
 bool beOnlyMenu(QObject* context, std::function<void(const QByteArray& token)> raise);
 
 // Calls `slot` of `receiver` (as in SLOT(), without arguments) when a bus that was there goes away, until the

@@ -163,11 +163,16 @@ void PhoneScreen::keyPressEvent(QKeyEvent* event)
         emit redKeyPressed();
 }
 
-// A person, or the compositor, gives the window another size. Whatever a font decides is asked anew first.
+// A person, or the compositor, gives the window another size. With another unit, whoever keeps what a font decided is to
+// ask anew first.
 void PhoneScreen::resizeEvent(QResizeEvent* /*event*/)
 {
-    if (Look::setScreen(size()))
-        QApplication::setFont(Look::font(Look::Text::Body));
+    if (Look::setScreen(size())) {
+        for (QWidget* widget : findChildren<QWidget*>()) {
+            QEvent change(QEvent::FontChange);
+            QCoreApplication::sendEvent(widget, &change);
+        }
+    }
     for (const Entry& layer : std::as_const(mLayers))
         layer.widget->setGeometry(rect());
 }

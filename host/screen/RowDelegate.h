@@ -18,7 +18,8 @@ struct RowLook
     int offset = 0;            // how far its lines have run through, in pixels
 };
 
-// Draws the rows of a list, a greyed or highlighted one in the colours that Look has for it, and knows how much room they take. Belongs to the list.
+// Draws the rows of a list, greyed and highlighted ones in Look's colours for them, and knows how much room they take.
+// Belongs to the list.
 class RowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ void ScrollMark::paintEvent(QPaintEvent* /*event*/)
 {
     const QScrollBar* bar = mArea->verticalScrollBar();
     const int range = bar->maximum() - bar->minimum();
-    if (range <= 0) // a list that is laid out anew while it is painted tells of it later
+    if (range <= 0) // the list has just lost its range and has not told of it yet
         return;
     const int whole = range + bar->pageStep();
     const int length = std::max(height() * bar->pageStep() / whole, 4 * Look::scrollMarkWidth);

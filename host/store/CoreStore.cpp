@@ -24,7 +24,8 @@ struct CoreStore::Database
     SettingCache known{connection};
     bool onDisk = false;
     bool inTransaction = false;
-    QDeadlineTimer impatient{0}; // until then, nobody is waited for
+    QDeadlineTimer impatient{
+        0}; // until then no lock is waited for, and no file that was of no use is tried again
 
     Sqlite::Query readSetting{
         connection, "SELECT type, value FROM setting WHERE grp = ?1 AND key = ?2 ORDER BY layer DESC LIMIT 1"};
@@ -135,7 +136,7 @@ bool CoreStore::reopen()
     if (mDatabase->onDisk ? !mDatabase->file.isReplaced(mDatabase->connection)
                           : !mDatabase->impatient.hasExpired())
         return false;
-    open(0);
+    open(mDatabase->onDisk ? patience : 0);
     return mDatabase->onDisk;
 }
 

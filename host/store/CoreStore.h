@@ -35,8 +35,8 @@ public:
     // be used is renamed to a free name beside it, which is logged, and a new one takes its place; when the
     // disk refuses that, the store lives in memory, holds the built-in pack, and every write answers
     // STORE_UNWRITABLE. A file that is replaced or removed meanwhile is noticed at the next write, which goes to the one
-    // that is there then. Whoever waits for a fact writes nothing, so a question for one that is not there notices it,
-    // too, as well as that the file can be used by now, for which it looks once a second.
+    // that is there then. So does a question for a fact that is not there, since who waits for a fact writes nothing; it also
+    // tries a file that could not be used again, once a second at most.
     explicit CoreStore(const std::string& path);
     ~CoreStore();
     CoreStore(const CoreStore&) = delete;

@@ -77,7 +77,7 @@ UApplication::UApplication(int& argc, char** argv, Type /*type*/) : QApplication
     };
     if (!HostBus::beOnlyMenu(this, raise)) {
         logger(3, "the menu is running already and comes to the front");
-        std::exit(0);
+        std::_Exit(0); // nothing is open yet that wants closing
     }
     setStyle(QStringLiteral("fusion"));
     setPalette(Look::palette());

@@ -158,7 +158,7 @@ void UListBox::keyPressEvent(QKeyEvent* event)
     const std::optional<int> row = PhoneKeys::row(*event);
     if (mRadio || !(row || PhoneKeys::isSelect(*event)))
         return event->ignore();
-    if (isHeld || row >= count())
+    if (isHeld || (row && *row >= count()))
         return;
     if (row)
         setCurrentItem(*row, true);

@@ -58,7 +58,8 @@ void EventDispatcher::listen()
         else
             logger(3, "%s is dropped: it does not come from the service", event.name().c_str());
     });
-    HostBus::onServiceLost(this, [this] { mRefreshWatch.serviceLost(); });
+    if (mListening)
+        HostBus::onServiceLost(this, [this] { mRefreshWatch.serviceLost(); });
 }
 
 // In the service's name, but only here: other processes have not asked.

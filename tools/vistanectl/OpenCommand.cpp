@@ -17,7 +17,7 @@ std::string joined(const std::vector<std::string>& words)
     return text;
 }
 
-// Of a link that is none, nobody is asked for anything.
+// A link that the launcher drops before it asks for anything, as it does without a scheme, has no reason.
 std::string refusal()
 {
     return Handover::lastReason().empty() ? "nothing was started" : "refused: " + Handover::lastReason();
