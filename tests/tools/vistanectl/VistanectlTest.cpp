@@ -2,9 +2,7 @@
 #include "FileContent.h"
 #include "HostBus.h"
 #include "NR_Constants.h"
-#include "OperatorPack.h"
 #include "QCopChannel.h"
-#include "SettingGroups.h"
 #include "SettingHelper.h"
 #include "StandInService.h"
 #include "Table.h"
@@ -16,8 +14,6 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
-#include <set>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
@@ -291,33 +287,4 @@ ManRefresh.Instruction.DownloadSuccessed="%1 stories, %1 KB, 100%"|VtCore.Menu.M
 
 // Of a whole pack, without a table of what is looked at: all settings of another type; and those that make up the menu,
 // without the others.
-TEST(Lint, NamesEverySettingThatIsMissingOrOfAnotherType)
-{
-    const std::regex structure("visible$|ChildIDs$|^ManualRefresh$");
-    const std::regex optional("^SetupHeadlines.label$|^ProfileSelected$|^RuntimeValues");
-    OperatorPack wrong, without;
-    std::set<std::string> ofWrongType, missing;
-    for (OperatorPack::Setting setting : OperatorPack::builtIn().settings) {
-        const std::string name = std::string(settingGroupName(setting.group)) + '.' + setting.key;
-        if (std::regex_search(setting.key, structure))
-            without.settings.push_back(setting);
-        else if (!std::regex_search(setting.key, optional))
-            missing.insert(name);
-        ofWrongType.insert(name);
-        setting.value = setting.value.index() == 0 ? SettingValue(true) : SettingValue(7);
-        wrong.settings.push_back(setting);
-    }
-    const auto named = [](const OperatorPack& pack, const char* fault) {
-        std::set<std::string> names;
-        std::string out = Vistanectl(pack.toJson()).run({"lint"}).out;
-        std::ranges::replace(out, '\t', '|');
-        for (const auto& [name, said] : table<2>(out))
-            if (said.starts_with(fault))
-                names.insert(name);
-        return names;
-    };
-    EXPECT_EQ(named(wrong, "is of type "), ofWrongType);
-    EXPECT_EQ(named(without, "is missing"), missing);
-}
-
 } // namespace
