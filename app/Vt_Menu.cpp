@@ -1,5 +1,6 @@
 #include "ApiProvider.h"
 #include "EntryRegistry.h"
+#include "LivePages.h"
 #include "Log.h"
 #include "MenuChannel.h"
 #include "MenuNode.h"
@@ -50,6 +51,7 @@ int run(int& argc, char** argv)
     static auto* rootViewer = new vtmenu::MenuViewer(rootNode, true, nullptr, nullptr);
     openMenuChannel(rootViewer);
     application.setMainWidget(rootViewer);
+    vtmenu::LivePages::instance()->start();
     if (rootViewer->showView() == 0)
         application.exec();
 

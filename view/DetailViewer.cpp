@@ -1,6 +1,7 @@
 #include "DetailViewer.h"
 
 #include "Entry.h"
+#include "LivePages.h"
 #include "ManRefreshView.h"
 #include "MenuNode.h"
 #include "NR_Constants.h"
@@ -17,9 +18,7 @@
 namespace vtmenu {
 
 DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
-    : UKbMainWidget(parent, name, 0),
-      Vt_EventHandler(NR_Constants::EVENT_NOTIFY_NETWORK_UPDATE_COMPLETED),
-      mNode(node)
+    : UKbMainWidget(parent, name, 0), mNode(node)
 {
     mDetailView = new UDetailView(this, 0, 72);
     setContentWidget(mDetailView);
@@ -33,10 +32,9 @@ DetailViewer::DetailViewer(MenuNode* node, QWidget* parent, const char* name)
     mSoftKey->setClickedSlot(USoftKey::Right, SLOT(hideAndDelete()));
     setCSTWidget(mSoftKey);
 
-    mDue.setSingleShot(true);
-    connect(&mDue, SIGNAL(timeout()), this, SLOT(refreshUI()));
     mRefreshView = ManRefreshView::instance();
     connect(mRefreshView, SIGNAL(finish()), this, SLOT(refreshUI()));
+    connect(LivePages::instance(), SIGNAL(changed()), this, SLOT(refreshUI()));
     connect(UApplication::instance(), SIGNAL(askReturnToIdle(int)), this, SLOT(slotReturnToIdle(int)));
 }
 
@@ -45,13 +43,6 @@ int DetailViewer::showView()
     refreshUI();
     show();
     return 0;
-}
-
-// A run that is cancelled ends for the user before the service has done with it. The facts are asked for once, however
-// many events come together, and only after all other handlers have had them.
-void DetailViewer::handleEvent(const Vt_Event& /*event*/)
-{
-    mDue.start(0);
 }
 
 void DetailViewer::refreshUI()

@@ -2,7 +2,6 @@
 
 #include "UKbMainWidget.h"
 #include "ViewerLife.h"
-#include "Vt_EventHandler.h"
 
 #include <vector>
 
@@ -16,10 +15,10 @@ namespace vtmenu {
 
 // The page that shows a menu node as a page of facts: each child's label as a heading, its value under it.
 // Where the operator allows it, the left soft key refreshes the content by hand, and at the end of every such
-// run, and when the service has completed an update, the page asks for its facts anew.
+// run, and whenever they may have changed, the page asks for its facts anew.
 //
 // Made with new; deletes itself from the event loop once it is closed.
-class DetailViewer : public UKbMainWidget, public Vt_EventHandler
+class DetailViewer : public UKbMainWidget
 {
     Q_OBJECT
 
@@ -29,8 +28,6 @@ public:
 
     // Fills and shows the page. Always 0.
     virtual int showView();
-
-    void handleEvent(const Vt_Event& event) override;
 
 private slots:
     void hideAndDelete();
@@ -47,7 +44,6 @@ private:
     UDetailView* mDetailView;
     USoftKey* mSoftKey;
     ManRefreshView* mRefreshView;
-    QTimer mDue;                      // the facts are asked for anew
     std::vector<UDetailItem*> mItems; // owned by mDetailView, in display order
     ViewerLife mLife{*this};
 };

@@ -5,6 +5,7 @@
 #include "EntryRegistry.h"
 #include "FormEntry.h"
 #include "FormViewer.h"
+#include "LivePages.h"
 #include "MenuNode.h"
 #include "NR_URLLauncher.h"
 #include "UApplication.h"
@@ -12,6 +13,10 @@
 #include "UMessageDlg.h"
 #include "USettingItem.h"
 #include "USoftKey.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
 
 namespace vtmenu {
 
@@ -30,6 +35,7 @@ MenuViewer::MenuViewer(MenuNode* node, bool isRoot, QWidget* parent, const char*
     setCSTWidget(mSoftKey);
 
     connect(UApplication::instance(), SIGNAL(askReturnToIdle(int)), this, SLOT(slotReturnToIdle(int)));
+    connect(LivePages::instance(), SIGNAL(changed()), this, SLOT(followChanges()));
 }
 
 MenuViewer::~MenuViewer()
@@ -67,23 +73,75 @@ bool MenuViewer::confirmWarning()
 void MenuViewer::rebuildMenuView()
 {
     mListBox->clear();
+    fill(askForRows());
+    mListBox->setCurrentItem(mCurrentIndex, true);
+}
+
+void MenuViewer::followChanges()
+{
+    if (!mIsBuilt) // its warning is still up, or was refused
+        return;
+    setMainWidgetTitle(QString::fromUtf8(mNode->title()));
+    std::vector<Row> rows = askForRows();
+    if (rows == mRows)
+        return;
+    const auto entryAt = [this](int row) {
+        return row >= 0 && row < static_cast<int>(mRows.size()) ? mRows[static_cast<size_t>(row)].entry
+                                                                : nullptr;
+    };
+    const int highlighted = mListBox->currentRow();
+    const Entry* const highlightedEntry = entryAt(highlighted);
+    const Entry* const openedEntry = entryAt(mCurrentIndex);
+    const int scrolled = mListBox->verticalScrollBar()->value();
+    mListBox->clear();
+    fill(std::move(rows));
+    mCurrentIndex = rowOf(openedEntry, mCurrentIndex);
+    const int row = rowOf(highlightedEntry, highlighted);
+    mListBox->setCurrentItem(row, true);
+    if (row == highlighted) // else a person looks for the highlight where it went
+        mListBox->verticalScrollBar()->setValue(scrolled);
+}
+
+std::vector<MenuViewer::Row> MenuViewer::askForRows()
+{
     mNode->clearChildren();
     mNode->loadChildren();
-    mShown = mNode->mChildren;
-    for (size_t i = 0; i < mShown.size(); ++i) {
-        Entry* entry = mShown[i];
+    std::vector<Row> rows;
+    int index = -1;
+    for (Entry* entry : std::vector<Entry*>(mNode->mChildren)) {
+        ++index;
         if (entry->isHidden())
             continue;
-        auto* item = new USettingItem(mListBox, QString());
-        item->appendSubItem(0, QString::fromUtf8(entry->label()), false);
+        Row row = {index, entry, QString::fromUtf8(entry->label()), {}, false, false};
         if (entry->hasValue())
-            item->appendSubItem(0, QString::fromUtf8(entry->valueText()), false);
-        item->setEnabled(entry->isEnabled());
-        item->setSelectable(entry->isEnabled());
-        item->setReservedData(static_cast<int>(i));
+            row.value = QString::fromUtf8(entry->valueText());
+        row.isEnabled = entry->isEnabled();
+        row.isSelectable = entry->isEnabled();
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+void MenuViewer::fill(std::vector<Row> rows)
+{
+    for (const Row& row : rows) {
+        auto* item = new USettingItem(mListBox, QString());
+        item->appendSubItem(0, row.label, false);
+        if (row.value)
+            item->appendSubItem(0, *row.value, false);
+        item->setEnabled(row.isEnabled);
+        item->setSelectable(row.isSelectable);
+        item->setReservedData(row.index);
         mListBox->insertItem(item, -1, true);
     }
-    mListBox->setCurrentItem(mCurrentIndex, true);
+    mRows = std::move(rows);
+    mIsBuilt = true;
+}
+
+int MenuViewer::rowOf(const Entry* entry, int otherwise) const
+{
+    const auto found = std::ranges::find(mRows, entry, &Row::entry);
+    return found == mRows.end() ? otherwise : static_cast<int>(found - mRows.begin());
 }
 
 // The node may be shown by another viewer, too, which has loaded its children anew: a line opens only what it
@@ -93,8 +151,9 @@ void MenuViewer::openItem(int row)
     const ViewerLife::Nesting nesting(mLife);
     mCurrentIndex = row;
     const auto i = static_cast<size_t>(mListBox->item(row)->getReservedData());
-    if (i < mNode->mChildren.size() && mNode->mChildren[i] == mShown[i])
-        openEntry(mShown[i]);
+    Entry* const entry = mRows.at(static_cast<size_t>(row)).entry;
+    if (i < mNode->mChildren.size() && mNode->mChildren[i] == entry)
+        openEntry(entry);
     else
         rebuildMenuView();
 }
@@ -144,6 +203,7 @@ void MenuViewer::openForm(FormEntry* form)
         rebuildMenuView();
         return;
     }
+    const LivePages::Hold hold;
     const QString title = QString::fromUtf8(form->title());
     const QString instruction = QString::fromUtf8(form->instructText());
     FormViewer viewer(form, this, title, instruction);

@@ -3,6 +3,7 @@
 #include "UKbMainWidget.h"
 #include "ViewerLife.h"
 
+#include <optional>
 #include <vector>
 
 class Entry;
@@ -36,6 +37,8 @@ public slots:
     void rebuildMenuView();
 
 private slots:
+    // The same after a change from outside: nobody notices where all is as it was, and the highlight stays on its entry.
+    void followChanges();
     void openItem(int row);
     virtual void hideAndDelete();
     virtual void slotReturnToIdle(int reason);
@@ -46,6 +49,20 @@ signals:
     void valueChanged();
 
 private:
+    // A line of the list, as its entry answered.
+    struct Row
+    {
+        int index; // of the entry among the node's children
+        Entry* entry;
+        QString label;
+        std::optional<QString> value;
+        bool isEnabled, isSelectable;
+        bool operator==(const Row&) const = default;
+    };
+
+    std::vector<Row> askForRows();
+    void fill(std::vector<Row> rows);
+    int rowOf(const Entry* entry, int otherwise) const;
     bool confirmWarning();
     void openEntry(Entry* entry);
     void openNode(MenuNode* node);
@@ -56,8 +73,9 @@ private:
     UListBox* mListBox;
     USoftKey* mSoftKey;
     int mCurrentIndex = 0;
-    std::vector<Entry*> mShown; // the node's children as the list was built from them
-    UPopup* mPopup = nullptr;   // the pop-up that this viewer runs now; goes with it, its answer then 0
+    std::vector<Row> mRows; // what the list was built from
+    bool mIsBuilt = false;
+    UPopup* mPopup = nullptr; // the pop-up that this viewer runs now; goes with it, its answer then 0
     ViewerLife mLife{*this};
 };
 

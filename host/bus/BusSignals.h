@@ -30,6 +30,9 @@ inline const BusSignal request = {QStringLiteral("/Vistane/Platform"), QStringLi
 // One of these that came to nothing: operation, arguments as text, reason.
 inline const BusSignal refused = {QStringLiteral("/Vistane/Platform"), QStringLiteral("org.vistane.Platform1"),
                                   QStringLiteral("Refused"), QStringLiteral("sass")};
+// Something was written to the store: the names of what; none stands for everything.
+inline const BusSignal storeChanged = {QStringLiteral("/Vistane/Store"), QStringLiteral("org.vistane.Store1"),
+                                       QStringLiteral("Changed"), QStringLiteral("as")};
 // Applications are to return to the idle screen: reason.
 inline const BusSignal returnToIdle = {QStringLiteral("/Vistane/Platform"),
                                        QStringLiteral("org.vistane.Platform1"), QStringLiteral("ReturnToIdle"),

@@ -10,6 +10,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 
+#include <unistd.h>
+
 namespace {
 
 const Log logger("HostBus");
@@ -17,6 +19,14 @@ const Log logger("HostBus");
 constexpr int patience = 2000; // milliseconds that the bus may take to answer
 bool isSilent = false;         // there is one, but it does not answer
 constexpr char addressVariable[] = "DBUS_SESSION_BUS_ADDRESS";
+
+// Empty when nobody says where the bus is.
+QByteArray busAddress()
+{
+    const QByteArray address = qgetenv(addressVariable);
+    const QByteArray socket = qgetenv("XDG_RUNTIME_DIR") + "/bus";
+    return address.isEmpty() && ::access(socket, F_OK) == 0 ? "unix:path=" + socket : address;
+}
 
 bool connectLoss(QDBusConnection& connection, QObject* receiver, const char* slot)
 {
@@ -90,13 +100,15 @@ namespace HostBus {
 
 void avoidSilentBus()
 {
-    QByteArray address = qgetenv(addressVariable);
-    if (address.isEmpty() && qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
-        address = "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus";
-    isSilent = isSilent || !isBusAnswering(address, patience);
+    isSilent = isSilent || !isBusAnswering(busAddress(), patience);
     if (!isSilent)
         return;
     qputenv(addressVariable, "unix:path=/nonexistent");
+}
+
+bool hasAddress()
+{
+    return !busAddress().isEmpty();
 }
 
 bool isConnected()

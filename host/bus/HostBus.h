@@ -12,6 +12,9 @@ namespace HostBus {
 // does not answer within two seconds would be waited for without end; from here on it counts as none.
 void avoidSilentBus();
 
+// Whether there may be a session bus: somebody has said where. Asks nobody, so it is for who would rather go without.
+bool hasAddress();
+
 // True when there is a session bus.
 bool isConnected();
 

@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <QtGlobal>
 
+#include <algorithm>
 #include <filesystem>
 
 using namespace StoreRows;
@@ -59,7 +60,19 @@ struct CoreStore::Database
 namespace {
 
 int patience = 500;
+CoreStore::Listener theListener;
 constexpr int impatienceMs = 1000;
+constexpr size_t mostNames = 1000; // what a message on the bus may hold
+
+// Under these names, listeners are told of what is no setting.
+constexpr char everything[] = "";
+constexpr char channelsName[] = "channels";
+constexpr char profilesName[] = "profiles";
+
+std::string settingName(int group, std::string_view key)
+{
+    return std::string(settingGroupName(group)) + '.' + std::string(key);
+}
 
 struct Current
 {
@@ -109,6 +122,11 @@ void CoreStore::setPatience(int milliseconds)
     patience = milliseconds;
 }
 
+void CoreStore::onChanged(Listener listener)
+{
+    theListener = std::move(listener);
+}
+
 CoreStore::CoreStore(const std::string& path) : mPath(absolutePath(path))
 {
     open(patience);
@@ -150,14 +168,18 @@ CoreStore::Database& CoreStore::forWriting()
     return *mDatabase;
 }
 
-// Runs a query that changes rows. STORE_NOT_FOUND when there was none to change.
+// Runs a query that changes rows, of what listeners know as `name`. STORE_NOT_FOUND when there was none to change.
 template <typename... Values>
-StoreStatus CoreStore::change(Sqlite::Query Database::*query, const Values&... values)
+StoreStatus CoreStore::change(std::string name, Sqlite::Query Database::*query, const Values&... values)
 {
     Database& database = forWriting();
-    const StoreStatus status = writeStatus((database.*query).run(values...).step());
+    StoreStatus status = writeStatus((database.*query).run(values...).step());
+    if (status == STORE_OK && database.connection.changes() == 0)
+        status = STORE_NOT_FOUND;
+    if (status == STORE_OK)
+        mChanged.push_back(std::move(name));
     afterWriting(status);
-    return status == STORE_OK && database.connection.changes() == 0 ? STORE_NOT_FOUND : status;
+    return status;
 }
 
 // Runs `work`, which gets the connection and returns a status: all of it happens, or nothing.
@@ -183,6 +205,18 @@ void CoreStore::afterWriting(StoreStatus status)
         mDatabase->impatient.setRemainingTime(impatienceMs);
     else
         mDatabase->file.noteLog();
+    if (mDatabase->inTransaction)
+        return;
+    if (status == STORE_OK)
+        tellChanges();
+    mChanged.clear();
+}
+
+void CoreStore::tellChanges()
+{
+    const bool isAll = mChanged.size() > mostNames || std::ranges::count(mChanged, everything) > 0;
+    if (theListener && !mChanged.empty())
+        theListener(isAll ? std::vector<std::string>() : mChanged);
 }
 
 // Changes the profiles by `work`, which returns a status, and leaves one in force when one can be chosen.
@@ -222,13 +256,16 @@ StoreStatus CoreStore::read(int group, std::string_view key, SettingValue& value
 StoreStatus CoreStore::write(int group, std::string_view key, const SettingValue& value)
 {
     const auto type = static_cast<int>(value.index());
-    return std::visit([&](const auto& bare) { return change(&Database::writeSetting, group, key, type, bare); },
-                      value);
+    return std::visit(
+        [&](const auto& bare) {
+            return change(settingName(group, key), &Database::writeSetting, group, key, type, bare);
+        },
+        value);
 }
 
 StoreStatus CoreStore::reset(int group, std::string_view key)
 {
-    return change(&Database::resetSetting, group, key);
+    return change(settingName(group, key), &Database::resetSetting, group, key);
 }
 
 StoreStatus CoreStore::list(std::vector<Listed>& settings)
@@ -243,8 +280,10 @@ StoreStatus CoreStore::list(std::vector<Listed>& settings)
 
 StoreStatus CoreStore::installPack(const OperatorPack& pack)
 {
-    return inTransaction(
-        [&](Sqlite::Connection& connection) { return writeStatus(StoreSchema::writePack(connection, pack)); });
+    return inTransaction([&](Sqlite::Connection& connection) {
+        mChanged.push_back(everything);
+        return writeStatus(StoreSchema::writePack(connection, pack));
+    });
 }
 
 StoreStatus CoreStore::exportPack(OperatorPack& pack)
@@ -270,9 +309,10 @@ StoreStatus CoreStore::loadScene(const Scene& scene)
             status = setFact(fact->first, fact->second);
         for (auto figure = scene.figures.begin(); status == STORE_OK && figure != scene.figures.end(); ++figure)
             status = write(GROUP_DCD, figure->first, figure->second);
-        if (status == STORE_OK && scene.channels)
-            status = writeStatus(StoreSchema::writeChannels(connection, *scene.channels));
-        return status;
+        if (status != STORE_OK || !scene.channels)
+            return status;
+        mChanged.push_back(channelsName);
+        return writeStatus(StoreSchema::writeChannels(connection, *scene.channels));
     });
 }
 
@@ -290,7 +330,7 @@ StoreStatus CoreStore::setFact(std::string_view name, std::string_view value)
     std::string text;
     if (!Scene::factText(name, std::string(value), text))
         return STORE_WRONG_TYPE;
-    return change(&Database::writeFact, name, text);
+    return change("device." + std::string(name), &Database::writeFact, name, text);
 }
 
 StoreStatus CoreStore::channels(std::vector<Scene::Channel>& channels)
@@ -305,12 +345,12 @@ StoreStatus CoreStore::channel(std::string_view id, Scene::Channel& channel)
 
 StoreStatus CoreStore::addChannel(const Scene::Channel& channel)
 {
-    return change(&Database::writeChannel, channel.id, channel.title);
+    return change(channelsName, &Database::writeChannel, channel.id, channel.title);
 }
 
 StoreStatus CoreStore::removeChannel(std::string_view id)
 {
-    return change(&Database::removeChannel, id);
+    return change(channelsName, &Database::removeChannel, id);
 }
 
 StoreStatus CoreStore::profiles(std::vector<OperatorPack::Profile>& profiles)
@@ -326,13 +366,14 @@ StoreStatus CoreStore::profile(std::string_view id, OperatorPack::Profile& profi
 StoreStatus CoreStore::addProfile(const OperatorPack::Profile& profile)
 {
     return changeProfiles([&] {
-        return change(&Database::writeProfile, profile.id, profile.name, static_cast<int>(profile.selectable));
+        return change(profilesName, &Database::writeProfile, profile.id, profile.name,
+                      static_cast<int>(profile.selectable));
     });
 }
 
 StoreStatus CoreStore::removeProfile(std::string_view id)
 {
-    return changeProfiles([&] { return change(&Database::removeProfile, id); });
+    return changeProfiles([&] { return change(profilesName, &Database::removeProfile, id); });
 }
 
 StoreStatus CoreStore::currentProfile(std::string& id)
@@ -346,5 +387,5 @@ StoreStatus CoreStore::currentProfile(std::string& id)
 
 StoreStatus CoreStore::setCurrentProfile(std::string_view id)
 {
-    return change(&Database::writeCurrent, id);
+    return change(profilesName, &Database::writeCurrent, id);
 }

@@ -5,6 +5,7 @@
 #include "Sqlite.h"
 #include "StoreStatus.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,6 +46,11 @@ public:
     // How many milliseconds instance() waits for another program's write, 500 when nobody says so: a menu stands still
     // meanwhile. After it was in vain, it does not wait again for a moment. To be called before instance().
     static void setPatience(int milliseconds);
+
+    // Has `listener` called after every commit of this process with the names of what was written: a setting's group, a dot
+    // and its key, "device." and a fact, "channels", "profiles". None stands for everything. For one at a time.
+    using Listener = std::function<void(const std::vector<std::string>& names)>;
+    static void onChanged(Listener listener);
 
     // False when the store lives in memory because its file can't be used.
     bool isOnDisk() const;
@@ -99,13 +105,15 @@ private:
     Database& forWriting();
     void afterWriting(StoreStatus status);
     template <typename... Values>
-    StoreStatus change(Sqlite::Query Database::*query, const Values&... values);
+    StoreStatus change(std::string name, Sqlite::Query Database::*query, const Values&... values);
+    void tellChanges();
     template <typename Work>
     StoreStatus inTransaction(Work work);
     template <typename Work>
     StoreStatus changeProfiles(Work work);
 
     const std::string mPath;
-    std::string mReason; // why the store lives in memory
+    std::vector<std::string> mChanged; // names of what was written and is not told yet
+    std::string mReason;               // why the store lives in memory
     std::unique_ptr<Database> mDatabase;
 };

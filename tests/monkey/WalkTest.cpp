@@ -1,4 +1,5 @@
 #include "Dice.h"
+#include "LivePages.h"
 #include "MenuSettings.h"
 #include "MenuViewer.h"
 #include "RefreshWatch.h"
@@ -214,6 +215,16 @@ void expectOnScreen(const QWidget& layer)
     }
 }
 
+// The menu on top shows what its entries would answer now.
+void expectUpToDate()
+{
+    auto* menu = onTop<vtmenu::MenuViewer>();
+    const Lines shown = menu ? rowsOf(*menu) : Lines();
+    if (menu)
+        menu->rebuildMenuView();
+    EXPECT_EQ(shown, menu ? rowsOf(*menu) : Lines());
+}
+
 // One life of the program: a phone in any state, and a person and a service who do anything at all, until the root
 // menu is closed or the steps are used up.
 void live(Dice& dice)
@@ -239,6 +250,8 @@ void live(Dice& dice)
         else // also when the bus still brings a dialog of a refresh
             Screen::pressAtOnce(Qt::Key_End);
     });
+    // After all viewers.
+    steps.connect(vtmenu::LivePages::instance(), &vtmenu::LivePages::changed, &steps, expectUpToDate);
     steps.start(0);
     root.showView();
     while (stepsLeft > 0)
@@ -258,6 +271,7 @@ TEST(Walk, AnythingAtAllLeavesTheMenuWhole)
     qputenv("VISTANE_HANDOVER", "off");
     ManRefreshView::retryPause = 0;
     RefreshWatch::patience = 0;
+    vtmenu::LivePages::instance()->start();
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
         ADD_FAILURE() << message.left(300).toStdString();
     });

@@ -1,7 +1,10 @@
 #include "MenuViewer.h"
 #include "FormViewer.h"
+#include "LivePages.h"
 #include "UMessageDlg.h"
 #include "ViewTest.h"
+
+#include <QSignalSpy>
 
 using namespace std::string_literals;
 using namespace vtmenu;
@@ -50,6 +53,53 @@ TEST(MenuViewer, ShowsAndInvokesActions)
     takeTrace();
     press("Return Down Return Down Return Down Return");
     EXPECT_EQ(takeTrace(), "invoke:First invoke:a\0b:7 "s);
+}
+
+TEST(MenuViewer, FollowsChangesAndKeepsItsPlace)
+{
+    EntrySpy a("A"), b("B"), c("C"), d("D");
+    NodeSpy node({&a, &b, &c});
+    MenuViewer viewer(&node, true, nullptr, nullptr);
+    auto* const pages = LivePages::instance();
+    emit pages->changed();
+    EXPECT_EQ(takeTrace(), "") << "not before it is shown";
+    viewer.showView();
+    press("Down Return Down"); // B was opened, C is highlighted
+    const auto* list = viewer.findChild<UListBox*>();
+    const auto* row = list->item(2);
+    emit pages->changed();
+    EXPECT_EQ(list->item(2), row) << "nothing has changed";
+    for (const auto& [children, title, highlighted] :
+         std::vector<std::tuple<std::vector<Entry*>, const char*, int>>{
+             {{&d, &a, &b, &c}, "One more above", 3},
+             {{&c, &b}, "It moves up", 0},
+             {{&b, &d}, "It goes", 0},
+             {{}, "All go", -1},
+             {{&a, &b}, "Some come", 0},
+         }) {
+        node.children = children;
+        node.caption = title;
+        emit pages->changed();
+        EXPECT_EQ(viewer.mainWidgetTitle(), title);
+        EXPECT_EQ(list->count(), children.size()) << title;
+        EXPECT_EQ(list->currentRow(), highlighted) << title;
+    }
+
+    // While a person answers a form it stands for what was on the page.
+    FormSpy form({"One", "Two"});
+    FormAdapter adapter(&form);
+    EntryRegistry::instance()->add("Form", &adapter, ENTRY_FORM);
+    node.children = {&adapter};
+    emit pages->changed();
+    QSignalSpy told(pages, &LivePages::changed);
+    const Await<FormViewer> shown([&] {
+        pages->handleEvent(Vt_Event(NR_Constants::EVENT_NOTIFY_STORAGE_STATUS));
+        QTest::qWait(50); // longer than the pages wait, whatever the clock does
+        EXPECT_TRUE(told.isEmpty());
+        press("F2");
+    });
+    press("Return");
+    EXPECT_TRUE(told.count() == 1 || told.wait());
 }
 
 // From the menu to the form: what is shown and asked, in which order, and whether it is applied.

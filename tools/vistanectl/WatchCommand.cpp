@@ -23,13 +23,14 @@ int watch(const Tool& tool)
 
 void addWatchCommand(Tool& tool)
 {
-    CLI::App& watching =
-        tool.add("watch", "Print every event, channel message and platform request as it happens");
+    CLI::App& watching = tool.add(
+        "watch", "Print every event, channel message, platform request and change of the store as it happens");
     watching.footer("event    name, value, then mode=, text= and param.K= where there are any\n"
                     "channel  channel, message, then data= in hexadecimal where there is any\n"
                     "request  operation, arguments\n"
                     "refused  operation, reason\n"
                     "idle     reason\n"
+                    "changed  names of what was written to the store; none: anything\n"
                     "unknown  path, interface, signal, signature of what should have been one of these");
     tool.onRun(watching, [&tool] { return watch(tool); });
 }

@@ -21,7 +21,7 @@ bool Watcher::start()
     const std::pair<const BusSignal&, void (Watcher::*)(const HostBus::Message&) const> watched[] = {
         {BusSignals::event, &Watcher::showEvent},       {BusSignals::channel, &Watcher::showChannel},
         {BusSignals::request, &Watcher::showRequest},   {BusSignals::refused, &Watcher::showRefused},
-        {BusSignals::returnToIdle, &Watcher::showIdle},
+        {BusSignals::returnToIdle, &Watcher::showIdle}, {BusSignals::storeChanged, &Watcher::showChanged},
     };
     for (const auto& [signal, show] : watched)
         if (!HostBus::subscribe(
@@ -90,6 +90,12 @@ void Watcher::showIdle(const HostBus::Message& message) const
 {
     const int reason = message.arguments[0].toInt();
     print({"idle", QString::number(reason)}, {{"kind", "idle"}, {"reason", reason}});
+}
+
+void Watcher::showChanged(const HostBus::Message& message) const
+{
+    const QStringList names = message.arguments[0].toStringList();
+    print(QStringList{"changed"} + names, {{"kind", "changed"}, {"names", QJsonArray::fromStringList(names)}});
 }
 
 void Watcher::print(const QStringList& columns, const QJsonObject& object) const

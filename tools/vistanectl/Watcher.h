@@ -20,6 +20,7 @@ private:
     void showRequest(const HostBus::Message& message) const;
     void showRefused(const HostBus::Message& message) const;
     void showIdle(const HostBus::Message& message) const;
+    void showChanged(const HostBus::Message& message) const;
     // Texts of one line, and the same for machines.
     void print(const QStringList& columns, const QJsonObject& object) const;
     void printUnknown(const HostBus::Refused& refused) const;

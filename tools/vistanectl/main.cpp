@@ -2,6 +2,7 @@
 #include "Tool.h"
 
 #include "CoreStore.h"
+#include "StoreChanges.h"
 #include "Text.h"
 #include "aplog.h"
 
@@ -36,11 +37,14 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     logToStandardError();
     CoreStore::setPatience(toolPatience);
+    StoreChanges::announce();
     Tool tool;
     for (const auto addCommands : commandGroups)
         addCommands(tool);
     if (!std::all_of(arguments.begin(), arguments.end(), Text::isUtf8))
         return tool.fail(Usage, "the command line", "is not UTF-8");
     std::reverse(arguments.begin(), arguments.end());
-    return tool.run(std::move(arguments));
+    const int exit = tool.run(std::move(arguments));
+    StoreChanges::flush();
+    return exit;
 }
