@@ -11,6 +11,7 @@ enum class Kind {
     NotSaved,      // a choice could not be written
     NoStore,       // the store can't be used now, so no choice is saved
     NotOpened,     // nobody takes such a link; about: its scheme, with the colon
+    NotKnown,      // nobody says whether such a link was opened; about: the same
     NoApplication, // nothing here can serve a request
 };
 

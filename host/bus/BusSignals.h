@@ -14,6 +14,7 @@ struct BusSignal
     QString name;
     QString signature;     // exactly that of its arguments
     bool isBounded = true; // false: how large it is does not matter, for nobody reads what it says
+    QString sender = {};   // the one whose alone it may be, by his own name on the bus; empty: anybody's
 };
 
 namespace BusSignals {

@@ -9,6 +9,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
 
 #include <unistd.h>
 
@@ -133,8 +134,27 @@ bool subscribe(const BusSignal& signal, QObject* context, Receiver receive, Refu
     auto* entrance = new BusEntrance(
         signal, std::move(receive), std::move(refused),
         [](const QString& sender) { return watch().mayBeService(sender); }, context);
-    return bus().connect(QString(), signal.path, signal.interface, signal.name, entrance,
+    return bus().connect(signal.sender, signal.path, signal.interface, signal.name, entrance,
                          SLOT(receive(QDBusMessage)));
+}
+
+void call(const QDBusMessage& method, int milliseconds, QObject* context,
+          std::function<void(const QDBusMessage& answer)> answered)
+{
+    const QDBusPendingCall pending =
+        isConnected() ? bus().asyncCall(method, milliseconds)
+                      : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, QString()));
+    auto* watcher = new QDBusPendingCallWatcher(pending, context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
+                     [watcher, answered = std::move(answered)] {
+                         watcher->deleteLater();
+                         answered(watcher->reply());
+                     });
+}
+
+QString ownName()
+{
+    return bus().baseService();
 }
 
 void deliverPending(QObject* context)

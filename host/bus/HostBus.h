@@ -2,6 +2,7 @@
 
 #include "BusSignals.h"
 
+class QDBusMessage;
 class QObject;
 
 // The session bus under all of the platform's messages. Without a bus everything answers false, one log line says so,
@@ -26,6 +27,15 @@ bool send(const BusSignal& signal, const QVariantList& arguments, const QString&
 // destroyed; an empty path means every path. One with another signature, or with a larger content than above, is
 // refused: `refused` is told, or the log when there is none. False when there is no bus.
 bool subscribe(const BusSignal& signal, QObject* context, Receiver receive, RefusedReceiver refused = {});
+
+// Calls a method of another program, which the bus may have to start. Calls `answered` from the event loop with the
+// reply or the error, unless `context` is destroyed before: one of the two comes within the given time, without a bus
+// the error "Disconnected".
+void call(const QDBusMessage& method, int milliseconds, QObject* context,
+          std::function<void(const QDBusMessage& answer)> answered);
+
+// This process's own name on the bus; empty when there is none.
+QString ownName();
 
 // Calls the receivers of `context` now for all that has come in up to now.
 void deliverPending(QObject* context);

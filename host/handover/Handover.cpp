@@ -1,32 +1,36 @@
 #include "Handover.h"
 
 #include "DesktopLink.h"
+#include "DesktopProgram.h"
 #include "HostBus.h"
 #include "Log.h"
+#include "PortalRequest.h"
 #include "Text.h"
 
+#include <QCoreApplication>
 #include <QFile>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QStringDecoder>
 
-#include <linux/close_range.h>
-#include <unistd.h>
+#include <memory>
 
 namespace {
 
 const Log logger("Handover");
 
-const char opener[] = "xdg-open";
-
 // What Linux lets one argument of a program be, the zero at its end counted.
 constexpr size_t maxArgument = 128 * 1024 - 1;
 
-constexpr size_t mostSaid = 200; // of what is refused
+constexpr size_t mostSaid = 200; // of what came from outside
 
-std::vector<std::string> started;
-QVariantList announced; // the last request
-std::string lastRefusal;
+struct Request
+{
+    QVariantList announced;
+    Handover::Outcome outcome;
+};
+using RequestPtr = std::shared_ptr<Request>; // whoever carries it out may do so after the next one has come
+
+RequestPtr lastRequest = std::make_shared<Request>();
 
 // Every character counts, a byte order mark at the start too; what is no character is shown to have been there.
 QString asText(std::string_view bytes)
@@ -37,25 +41,69 @@ QString asText(std::string_view bytes)
     return text.replace(QChar(0), QChar::ReplacementCharacter);
 }
 
-bool start(const QString& program, const QStringList& arguments)
+std::vector<std::string> asWords(const QStringList& texts)
 {
-    // No file that we, or a library of ours, have open is anything to the program.
-    close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+    std::vector<std::string> words;
+    for (const QString& text : texts)
+        words.push_back(text.toStdString());
+    return words;
+}
 
-    QProcess process;
-    process.setProgram(program);
-    process.setArguments(arguments);
-    // An opener may look whether a link names a file; here none does by chance.
-    process.setWorkingDirectory(QStringLiteral("/"));
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    if (!process.startDetached())
-        return false;
-    started = {program.toStdString()};
-    for (const QString& argument : arguments)
-        started.push_back(argument.toStdString());
-    return true;
+void refuse(Request& request, Failure::Kind kind, std::string_view about, const std::string& reason)
+{
+    request.outcome = {Handover::Outcome::Refused, {}, reason};
+    logger(3, "%s", reason.c_str());
+    QVariantList arguments = request.announced;
+    HostBus::send(BusSignals::refused, arguments << asText(reason));
+    Failure::tell(kind, about);
+}
+
+// Nobody knows that it came to nothing either, so the bus hears nothing.
+void leaveOpen(Request& request, std::string_view scheme, const std::string& reason)
+{
+    request.outcome.what = Handover::Outcome::Unknown;
+    request.outcome.reason = reason;
+    logger(3, "%s", reason.c_str());
+    Failure::tell(Failure::Kind::NotKnown, scheme);
+}
+
+void settle(Request& request, const std::string& scheme, const LinkAnswer& answer)
+{
+    const std::string link = "a " + scheme.substr(0, mostSaid) + " link";
+    switch (answer.what) {
+    case LinkAnswer::Opened:
+        request.outcome.what = Handover::Outcome::Done;
+        return;
+    case LinkAnswer::Cancelled:
+        request.outcome.what = Handover::Outcome::Cancelled;
+        request.outcome.reason = answer.reason;
+        return;
+    case LinkAnswer::Unknown:
+        return leaveOpen(request, scheme, "nobody says whether " + link + " was opened: " + answer.reason);
+    case LinkAnswer::Absent:
+    case LinkAnswer::Refused:
+        return refuse(request, Failure::Kind::NotOpened, scheme, link + " was not opened: " + answer.reason);
+    }
+}
+
+void openByGio(const RequestPtr& request, const QString& link, const std::string& scheme)
+{
+    const QStringList command = {QStringLiteral("gio"), QStringLiteral("open"), QStringLiteral("--"), link};
+    request->outcome.started = asWords(command);
+    DesktopProgram::open(command,
+                         [request, scheme](const LinkAnswer& answer) { settle(*request, scheme, answer); });
+}
+
+void openByPortal(const RequestPtr& request, const QString& link, const std::string& scheme)
+{
+    request->outcome.started = {"portal", link.toStdString()};
+    new PortalRequest(link, [request, link, scheme](const LinkAnswer& answer) {
+        if (answer.what != LinkAnswer::Absent)
+            return settle(*request, scheme, answer);
+        if (!answer.reason.empty())
+            logger(3, "the desktop portal is of no use: %s", answer.reason.c_str());
+        openByGio(request, link, scheme);
+    });
 }
 
 // The words of the first command for `appId` that is installed, or none.
@@ -85,17 +133,14 @@ void announce(std::string_view operation, const std::vector<std::string>& argume
     QStringList texts;
     for (const std::string& argument : arguments)
         texts << asText(argument);
-    announced = {asText(operation), texts};
-    HostBus::send(BusSignals::request, announced);
+    lastRequest = std::make_shared<Request>();
+    lastRequest->announced = {asText(operation), texts};
+    HostBus::send(BusSignals::request, lastRequest->announced);
 }
 
 int refuse(Failure::Kind kind, std::string_view about, const std::string& reason)
 {
-    lastRefusal = reason;
-    logger(3, "%s", reason.c_str());
-    QVariantList arguments = announced;
-    HostBus::send(BusSignals::refused, arguments << asText(reason));
-    Failure::tell(kind, about);
+    ::refuse(*lastRequest, kind, about, reason);
     return -1;
 }
 
@@ -107,7 +152,7 @@ bool isOn()
 int openLink(std::string_view link)
 {
     const std::string safe = DesktopLink::checked(link);
-    const std::string_view scheme = link.substr(0, link.find(':') + 1);
+    const std::string scheme(link.substr(0, link.find(':') + 1));
     const auto refused = [&](const std::string& reason) {
         return refuse(Failure::Kind::NotOpened, scheme, reason);
     };
@@ -116,8 +161,8 @@ int openLink(std::string_view link)
     if (safe.size() > maxArgument)
         return refused("a link of " + std::to_string(safe.size()) +
                        " bytes is too long to be opened: " + safe.substr(0, mostSaid));
-    if (!start(opener, {QString::fromStdString(safe)}))
-        return refused(std::string("cannot start ") + opener);
+    lastRequest->outcome.what = Outcome::UnderWay;
+    openByPortal(lastRequest, QString::fromStdString(safe), scheme);
     return 0;
 }
 
@@ -129,20 +174,19 @@ int startApplication(std::string_view appId, std::string_view argument)
     };
     if (words.isEmpty())
         return refused("no application " + DesktopLink::escaped(appId).substr(0, mostSaid) + " here");
-    const QString program = words.takeFirst();
     if (!argument.empty())
         words << QString::fromStdString(DesktopLink::escaped(argument));
-    return start(program, words) ? 0 : refused("cannot start " + program.toStdString());
+    if (!DesktopProgram::start(words))
+        return refused("cannot start " + words.first().toStdString());
+    lastRequest->outcome = {Outcome::Done, asWords(words), {}};
+    return 0;
 }
 
-const std::vector<std::string>& lastStarted()
+const Outcome& lastOutcome()
 {
-    return started;
-}
-
-const std::string& lastReason()
-{
-    return lastRefusal;
+    while (lastRequest->outcome.what == Outcome::UnderWay)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return lastRequest->outcome;
 }
 
 } // namespace Handover

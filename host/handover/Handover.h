@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
-// The one place where the platform asks other programs for something: a word on the bus, then a program started
-// directly, never through a shell. What is started lives on by itself: in a session of its own, with nothing
-// of this process's input, output or open files, and nobody has to wait for it.
+// The one place where the platform asks other programs for something: a word on the bus, then the desktop portal or a
+// program (see DesktopProgram.h). Nothing waits for them; what becomes of a link is told when they say it.
 namespace Handover {
 
 // Sends the signal Request of org.vistane.Platform1 at /Vistane/Platform: the operation's name and its
@@ -22,8 +21,8 @@ int refuse(Failure::Kind kind, std::string_view about, const std::string& reason
 // Whether requests are carried out, too; with VISTANE_HANDOVER=off they are only announced, and count as done.
 bool isOn();
 
-// Gives a link to the desktop's opener. 0 when that was started, -1 when the link is refused (see
-// DesktopLink::checked) or there is no opener.
+// Gives a link to the desktop portal, or where there is none to the handler that GIO knows. 0 when it is on its way, -1
+// when the link is refused (see DesktopLink::checked). A link that nobody opens is refused later, from the event loop.
 int openLink(std::string_view link);
 
 // Starts the program that the table of applications has for `appId`, `argument` added as one more argument
@@ -31,9 +30,17 @@ int openLink(std::string_view link);
 // is installed.
 int startApplication(std::string_view appId, std::string_view argument);
 
-// The program last started by this process and its arguments; empty when none was. And why the last request that was
-// refused was.
-const std::vector<std::string>& lastStarted();
-const std::string& lastReason();
+// What became of a request.
+struct Outcome
+{
+    enum What { Nothing, UnderWay, Done, Cancelled, Refused, Unknown };
+
+    What what = Nothing;              // Nothing: there was none, or it was only announced
+    std::vector<std::string> started; // what was asked last to carry it out, word by word
+    std::string reason;               // why it is not done
+};
+
+// That of this process's last request. Runs the event loop until it is known, which it is within three minutes.
+const Outcome& lastOutcome();
 
 } // namespace Handover

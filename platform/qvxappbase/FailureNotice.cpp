@@ -13,6 +13,8 @@ QString textOf(Failure::Kind kind)
         return UPopup::tr("TXT_RID_NOTICE_NO_STORE", "Settings can't be used here. No choice will be saved.");
     case Failure::Kind::NotOpened:
         return UPopup::tr("TXT_RID_NOTICE_NOT_OPENED", "No application here opens %1 links.");
+    case Failure::Kind::NotKnown:
+        return UPopup::tr("TXT_RID_NOTICE_NOT_KNOWN", "Nobody says whether the %1 link was opened.");
     case Failure::Kind::NoApplication:
         break;
     }

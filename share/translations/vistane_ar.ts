@@ -55,6 +55,11 @@
         <translation>لا يوجد تطبيق هنا يفتح روابط %1.</translation>
     </message>
     <message>
+        <source>TXT_RID_NOTICE_NOT_KNOWN</source>
+        <comment>Nobody says whether the %1 link was opened.</comment>
+        <translation>لا يُعرف هل فُتح رابط %1.</translation>
+    </message>
+    <message>
         <source>TXT_RID_NOTICE_NO_APPLICATION</source>
         <comment>The application for this is not here.</comment>
         <translation>التطبيق المطلوب غير موجود هنا.</translation>

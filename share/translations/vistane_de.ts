@@ -55,6 +55,11 @@
         <translation>Hier gibt es keine Anwendung, die %1-Links öffnet.</translation>
     </message>
     <message>
+        <source>TXT_RID_NOTICE_NOT_KNOWN</source>
+        <comment>Nobody says whether the %1 link was opened.</comment>
+        <translation>Ob der %1-Link geöffnet wurde, meldet niemand.</translation>
+    </message>
+    <message>
         <source>TXT_RID_NOTICE_NO_APPLICATION</source>
         <comment>The application for this is not here.</comment>
         <translation>Die Anwendung dafür gibt es hier nicht.</translation>

@@ -55,6 +55,11 @@
         <translation>No application here opens %1 links.</translation>
     </message>
     <message>
+        <source>TXT_RID_NOTICE_NOT_KNOWN</source>
+        <comment>Nobody says whether the %1 link was opened.</comment>
+        <translation>Nobody says whether the %1 link was opened.</translation>
+    </message>
+    <message>
         <source>TXT_RID_NOTICE_NO_APPLICATION</source>
         <comment>The application for this is not here.</comment>
         <translation>The application for this is not here.</translation>

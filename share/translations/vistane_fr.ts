@@ -55,6 +55,11 @@
         <translation>Aucune application ici n&apos;ouvre les liens %1.</translation>
     </message>
     <message>
+        <source>TXT_RID_NOTICE_NOT_KNOWN</source>
+        <comment>Nobody says whether the %1 link was opened.</comment>
+        <translation>Rien n&apos;indique si le lien %1 a été ouvert.</translation>
+    </message>
+    <message>
         <source>TXT_RID_NOTICE_NO_APPLICATION</source>
         <comment>The application for this is not here.</comment>
         <translation>L&apos;application nécessaire n&apos;est pas présente.</translation>

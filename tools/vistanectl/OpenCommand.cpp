@@ -17,23 +17,43 @@ std::string joined(const std::vector<std::string>& words)
     return text;
 }
 
-// A link that the launcher drops before it asks for anything, as it does without a scheme, has no reason.
-std::string refusal()
+const char* wordFor(Handover::Outcome::What what)
 {
-    return Handover::lastReason().empty() ? "nothing was started" : "refused: " + Handover::lastReason();
+    switch (what) {
+    case Handover::Outcome::Done:
+        return "started";
+    case Handover::Outcome::Cancelled:
+        return "cancelled";
+    case Handover::Outcome::Refused:
+        return "refused";
+    case Handover::Outcome::UnderWay:
+    case Handover::Outcome::Unknown:
+        return "unknown";
+    case Handover::Outcome::Nothing:
+        break;
+    }
+    return "nothing";
 }
 
 int open(const Tool& tool, const std::string& link)
 {
     const bool answer = NR_URLLauncher::launch(vtTypes::ID(link));
+    const Handover::Outcome& outcome = Handover::lastOutcome();
     // Nobody would hear of the request if the program ended before the bus has it.
     const bool announced = HostBus::flush();
-    const std::string started = joined(Handover::lastStarted());
+    const std::string word = wordFor(outcome.what), started = joined(outcome.started);
+    const bool isDone = outcome.what == Handover::Outcome::Done;
     Output::Table(tool.json())
-        .add({{"started", Output::toJson(started), started.empty() ? "nothing" : started}, {"answer", answer}});
+        .add({{"outcome", Output::toJson(word), isDone ? started : word},
+              {"started", Output::toJson(started), {}, true},
+              {"answer", answer}});
     if (!Handover::isOn())
         return announced ? Done : tool.fail(NoBus, link, "there is no session bus");
-    return started.empty() ? tool.fail(Refused, link, refusal()) : Done;
+    if (isDone)
+        return Done;
+    // A link that the launcher drops before it asks for anything, as it does without a scheme, has no reason.
+    return tool.fail(Refused, link,
+                     outcome.reason.empty() ? "nothing was started" : word + ": " + outcome.reason);
 }
 
 } // namespace
@@ -41,8 +61,8 @@ int open(const Tool& tool, const std::string& link)
 void addOpenCommand(Tool& tool)
 {
     const auto link = std::make_shared<std::string>();
-    CLI::App& command =
-        tool.add("open", "Open a link as the menu does: what was started, the launcher's answer");
+    CLI::App& command = tool.add(
+        "open", "Open a link as the menu does: what opened it, or why nobody did, and the launcher's answer");
     command.add_option("LINK", *link, "A link such as tel:+12025550123")->required();
     tool.onRun(command, [&tool, link] { return open(tool, *link); });
 }

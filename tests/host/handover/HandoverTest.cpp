@@ -3,9 +3,13 @@
 #include "AM_ActionData.h"
 #include "AM_LauncherClient.h"
 #include "BusListener.h"
+#include "DesktopProgram.h"
 #include "DesktopStandIn.h"
 #include "LogCapture.h"
+#include "PortalRequest.h"
+#include "PortalStandIn.h"
 #include "SDManager.h"
+#include "Table.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +28,7 @@ const std::string calendar = "5c2d7a10-8e4b-4f3a-9b61-0d7e2c4a9f35";
 
 TEST(Handover, StartsTheProgramThatIsInstalledUnlessItIsOff)
 {
-    DesktopStandIn desktop({"xdg-open", "kaddressbook"}); // the second one of the table
+    DesktopStandIn desktop({"gio", "kaddressbook"}); // the second one of the table
     BusListener requests(BusSignals::request);
     EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, false), 0);
     EXPECT_EQ(desktop.take(1).at(0).words, std::vector{"kaddressbook"s});
@@ -37,12 +41,12 @@ TEST(Handover, StartsTheProgramThatIsInstalledUnlessItIsOff)
         "launchAppObject|" + addressBook + "|off|0|true|true",
         "openDocument|rtsp://h\xef\xbf\xbd\xef\xbf\xbd|a\xef\xbf\xbd\xef\xbf\xbd|true"};
     EXPECT_EQ(requests.take(), expected);
-    EXPECT_EQ(Handover::lastStarted(), std::vector{"kaddressbook"s}) << "nothing since";
+    EXPECT_TRUE(Handover::lastOutcome().started.empty());
 }
 
 TEST(Handover, RefusesWhatItDoesNotKnowAndSaysSo)
 {
-    DesktopStandIn desktop({"xdg-open", "gnome-contacts"});
+    DesktopStandIn desktop({"gio", "gnome-contacts"});
     LogCapture log;
     BusListener refused(BusSignals::refused);
     for (const std::string& appId : {""s, "#"s, addressBook + "\0"s, "2f7e9a31"s, calendar})
@@ -74,9 +78,70 @@ TEST(Handover, WhatIsStartedLivesByItself)
     EXPECT_NE(state.find("SigIgn:\t0000000000000000\n"), std::string::npos) << "inherits what we ignore";
     EXPECT_FALSE(state.ends_with('\n' + std::to_string(getsid(0)) + '\n')) << "is of our session";
 
-    qputenv("PATH", "/nonexistent");
-    EXPECT_NE(AM_LauncherClient::loadURL("http://h"), 0);
+    EXPECT_EQ(Handover::lastOutcome().what, Handover::Outcome::Done);
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "left a child behind";
+}
+
+TEST(Handover, SaysWhatBecameOfALinkAndNothingMore)
+{
+    // What the portal does, what becomes of the link, what the log says.
+    const DesktopStandIn desktop;
+    for (const auto& [steps, expected, said] : table<3>(R"(
+reply respond:0|opened by portal|
+respond:0 reply|opened by portal|
+reply flood:0|opened by portal|
+reply respond:1 respond:0 respond:2|cancelled|
+reply respond:2|refused and told|a tel: link was not opened: the portal has not opened it
+reply respond:4294967295 flood:0|refused and told|has not opened it
+reply stranger respond:2|refused and told|has not opened it
+reply misrespond respond:0|unknown and told|the portal's response makes no sense
+reply die|unknown and told|nobody says whether a tel: link was opened
+die|unknown and told|nobody says
+reply:/other|unknown and told|the portal's reply makes no sense
+misreply|unknown and told|the portal's reply makes no sense
+error:org.freedesktop.portal.Error.NotAllowed|refused and told|Error.NotAllowed: xxxxx
+error:org.freedesktop.DBus.Error.NoReply|unknown and told|Error.NoReply
+error:org.freedesktop.DBus.Error.UnknownMethod|opened by gio|portal is of no use
+absent|opened by gio|
+)")) {
+        SCOPED_TRACE(steps);
+        const LogCapture log;
+        const PortalStandIn portal(steps);
+        BusListener refused(BusSignals::refused);
+        std::string told;
+        Failure::setListener([&](auto, auto& about) { told += about == "tel:" ? " and told" : about; });
+        EXPECT_EQ(SDManager(0).performAction("PHONE_CALL", {"", "+1", "", false, 0}), 0);
+        const Handover::Outcome& outcome = Handover::lastOutcome();
+        QTest::qWait(0); // for what comes too late
+        std::string what =
+            std::array{"nothing", "under way", "opened by ", "cancelled", "refused", "unknown"}[outcome.what];
+        EXPECT_EQ(refused.take().size(), what == "refused" ? 1u : 0u);
+        what += (what.ends_with(' ') ? outcome.started.at(0) : "") + told;
+        EXPECT_EQ(what, expected);
+        EXPECT_EQ(log.text().empty(), said.empty()) << log.text();
+        EXPECT_TRUE(log.text().find(said) < 200 && log.text().size() < 400) << log.text();
+        EXPECT_EQ(portal.asked, steps == "absent" ? "" : "tel:+1");
+        Failure::setListener({});
+    }
+}
+
+TEST(Handover, WaitsForNobodyWithoutEnd)
+{
+    const PortalStandIn portal("reply");
+    std::string answers;
+    const auto answered = [&](const LinkAnswer& answer) { answers += std::to_string(answer.what); };
+    const auto after = [&](size_t count) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return answers.size() >= count; }));
+        return answers;
+    };
+    new PortalRequest("tel:", answered, 1);
+    EXPECT_EQ(after(1), std::to_string(LinkAnswer::Unknown));
+    DesktopProgram::open({"sleep", "1"}, answered, 1);
+    EXPECT_EQ(after(2), "44");
+    DesktopProgram::open({"/nonexistent"}, answered);
+    EXPECT_EQ(after(3), "443") << "refused";
+    DesktopProgram::open({"sh", "-c", "kill -9 $$"}, answered);
+    EXPECT_EQ(after(4), "4434");
 }
 
 } // namespace

@@ -74,7 +74,7 @@ protected:
 
     TestStore store{R"({"device": {"model": "VX 1", "msisdn": "+15550100"}})"};
     FileLock lock{NR_MessageFile::path};
-    DesktopStandIn desktop{{"xdg-open", "gnome-calendar", "gnome-contacts"}};
+    DesktopStandIn desktop{{"gio", "gnome-calendar", "gnome-contacts"}};
     LogCapture log;
 };
 

@@ -297,8 +297,8 @@ TEST(FailureNotice, TellsOneAtATime)
         << "no half character";
     page.act("F1 F1");
     EXPECT_EQ(page.takeHeard(), "left") << "the first one was the notice's";
-    Failure::tell(Failure::Kind::NotSaved);
-    EXPECT_EQ(shown(), "Your choice could not be saved.");
+    Failure::tell(Failure::Kind::NotKnown, "tel:");
+    EXPECT_EQ(shown(), "Nobody says whether the tel: link was opened.");
     page.act("F2");
 }
 

@@ -185,9 +185,13 @@ TEST_F(Command, WithoutAStoreOrABusNothingIsPretended)
 TEST(Launcher, SaysWhatWasStarted)
 {
     const DesktopStandIn desktop;
-    Vistanectl().runAll(
-        "open tel:+1(202)5550123|0|xdg-open tel:+12025550123\ttrue^;"
-        "open javascript:alert(1)|1|nothing\tfalse^|a link that may not be opened: javascript:alert(1)");
+    Vistanectl tool;
+    tool.runAll("open tel:+1(202)5550123|0|gio open -- tel:+12025550123\ttrue^;"
+                "open nobody:1|1|refused\ttrue^|refused: a nobody: link was not opened;"
+                "open javascript:alert(1)|1|refused\tfalse^|a link that may not be opened: javascript:alert(1);"
+                "open home|1|nothing\tfalse^|nothing was started");
+    tool.environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    tool.runAll("open tel:1|0|gio open -- tel:1\ttrue^|no session bus");
 }
 
 // docs/operators.md ends with what the program says of its settings.

@@ -1,0 +1,79 @@
+#include "DesktopProgram.h"
+
+#include <QProcess>
+#include <QTimer>
+
+#include <linux/close_range.h>
+#include <unistd.h>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+void prepare(QProcess& process, const QStringList& command)
+{
+    // No file that we, or a library of ours, have open is anything to the program.
+    close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+
+    process.setProgram(command.first());
+    process.setArguments(command.mid(1));
+    // An opener may look whether a link names a file; here none does by chance.
+    process.setWorkingDirectory(QStringLiteral("/"));
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+}
+
+LinkAnswer answerOf(const QProcess& process)
+{
+    const std::string program = process.program().toStdString();
+    if (process.error() == QProcess::FailedToStart)
+        return {LinkAnswer::Refused, "cannot start " + program};
+    if (process.exitStatus() == QProcess::CrashExit)
+        return {LinkAnswer::Unknown, program + " has crashed"};
+    if (process.exitCode() == 0)
+        return {LinkAnswer::Opened};
+    return {LinkAnswer::Refused,
+            program + " knows nobody who does: exit status " + std::to_string(process.exitCode())};
+}
+
+} // namespace
+
+namespace DesktopProgram {
+
+bool start(const QStringList& command)
+{
+    QProcess process;
+    prepare(process, command);
+    return process.startDetached();
+}
+
+void open(const QStringList& command, LinkAnswered answered, int milliseconds)
+{
+    auto* process = new QProcess; // without an owner: who ended it would end the program
+    prepare(*process, command);
+    process->setChildProcessModifier([] { setsid(); });
+    const auto settle = [once = std::make_shared<LinkAnswered>(std::move(answered))](const LinkAnswer& answer) {
+        if (const LinkAnswered first = std::exchange(*once, {}))
+            first(answer);
+    };
+    const auto end = [process, settle] {
+        process->deleteLater();
+        settle(answerOf(*process));
+    };
+    QObject::connect(process, &QProcess::finished, process, end);
+    QObject::connect(
+        process, &QProcess::errorOccurred, process,
+        [end](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart)
+                end();
+        },
+        Qt::QueuedConnection);
+    QTimer::singleShot(milliseconds, process, [settle] {
+        settle({LinkAnswer::Unknown, "its opener does not end"});
+    });
+    process->start();
+}
+
+} // namespace DesktopProgram
