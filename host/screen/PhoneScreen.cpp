@@ -73,6 +73,7 @@ PhoneScreen::PhoneScreen()
     } else if (isAlone()) {
         setWindowFlag(Qt::FramelessWindowHint); // some compositors ask for a frame around what fills the screen
         setWindowState(Qt::WindowFullScreen);
+        resize(screen()->size()); // some want to see a picture before they say how large it is to be
     }
     Look::setScreen(size());
 }

@@ -58,6 +58,8 @@ void checkOpenFiles()
 int& beforeQtStarts(int& argc)
 {
     QApplication::setDesktopSettingsAware(false);
+    // The desktop entry has the bus name; a compositor finds the name and the icon of the window there.
+    QApplication::setDesktopFileName(BusSignals::menu);
     // A reader of the log that goes away ends nothing. Qt gives what it starts the default action back.
     std::signal(SIGPIPE, SIG_IGN);
     checkOpenFiles();
