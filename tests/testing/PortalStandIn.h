@@ -18,7 +18,12 @@ public:
         mBus.registerVirtualObject("/org/freedesktop/portal/desktop", this);
         EXPECT_TRUE(steps == "absent" || mBus.registerService("org.freedesktop.portal.Desktop"));
     }
-    ~PortalStandIn() override { leave(); }
+    ~PortalStandIn() override
+    {
+        if (mBus.isConnected()) // waits for the bus, so that the next one finds the name free
+            mBus.unregisterService("org.freedesktop.portal.Desktop");
+        leave();
+    }
 
     QString asked; // the link
 

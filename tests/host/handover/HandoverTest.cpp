@@ -142,6 +142,8 @@ TEST(Handover, WaitsForNobodyWithoutEnd)
     EXPECT_EQ(after(3), "443") << "refused";
     DesktopProgram::open({"sh", "-c", "kill -9 $$"}, answered);
     EXPECT_EQ(after(4), "4434");
+    siginfo_t child;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == -1; }));
 }
 
 } // namespace
