@@ -22,7 +22,7 @@ phone_begin() {
     trap phone_end EXIT
     trap 'exit 130' INT TERM
     export VISTANE_DB=$phone_dir/core.db VISTANE_LOG=$phone_dir/log VISTANE_HANDOVER=off
-    export XDG_RUNTIME_DIR=$phone_dir
+    export XDG_RUNTIME_DIR=$phone_dir DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nonexistent # not this machine's modem
     unset WAYLAND_DISPLAY QT_QPA_PLATFORM
     export PATH=$programs:$PATH
     vistanectl scene load "$(dirname "${BASH_SOURCE[0]}")/../share/scenes/demo.json"

@@ -39,8 +39,9 @@ struct CoreStore::Database
         "SELECT type, value, grp, key, max(layer) FROM setting GROUP BY grp, key ORDER BY grp, key"};
     Sqlite::Query listPack{connection,
                            "SELECT type, value, grp, key FROM setting WHERE layer = 0 ORDER BY grp, key"};
-    Sqlite::Query readFact{connection, "SELECT value FROM fact WHERE name = ?1 AND value <> ''"};
+    Sqlite::Query readFact{connection, "SELECT value FROM fact WHERE name = ?1"};
     Sqlite::Query writeFact{connection, "INSERT OR REPLACE INTO fact(name, value) VALUES(?1, ?2)"};
+    Sqlite::Query removeFact{connection, "DELETE FROM fact WHERE name = ?1"};
     Sqlite::Query listChannels{connection, "SELECT id, title FROM channel ORDER BY position"};
     Sqlite::Query readChannel{connection, "SELECT id, title FROM channel WHERE id = ?1"};
     Sqlite::Query writeChannel{
@@ -72,6 +73,11 @@ constexpr char profilesName[] = "profiles";
 std::string settingName(int group, std::string_view key)
 {
     return std::string(settingGroupName(group)) + '.' + std::string(key);
+}
+
+std::string factName(std::string_view name)
+{
+    return "device." + std::string(name);
 }
 
 struct Current
@@ -330,7 +336,12 @@ StoreStatus CoreStore::setFact(std::string_view name, std::string_view value)
     std::string text;
     if (!Scene::factText(name, std::string(value), text))
         return STORE_WRONG_TYPE;
-    return change("device." + std::string(name), &Database::writeFact, name, text);
+    return change(factName(name), &Database::writeFact, name, text);
+}
+
+StoreStatus CoreStore::unsetFact(std::string_view name)
+{
+    return change(factName(name), &Database::removeFact, name);
 }
 
 StoreStatus CoreStore::channels(std::vector<Scene::Channel>& channels)

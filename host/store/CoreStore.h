@@ -74,10 +74,11 @@ public:
     // where it brings them, and writes its figures as the service does.
     StoreStatus loadScene(const Scene& scene);
 
-    // Facts of the device, by the names of Scene::factNames(). An empty value means the device can't
-    // tell: reading it answers STORE_NOT_FOUND.
+    // The facts of the device that were set by hand, by the names of Scene::factNames(). An empty value means the device
+    // can't tell. Reading or unsetting one that nobody has set answers STORE_NOT_FOUND.
     StoreStatus fact(std::string_view name, std::string& value);
     StoreStatus setFact(std::string_view name, std::string_view value);
+    StoreStatus unsetFact(std::string_view name);
 
     // Channels in the order of the container that holds them. One without a title is named by the container
     // but is not in the cache. Adding an existing one sets its title; reading or removing an unknown one

@@ -1,8 +1,8 @@
 #include "NR_EngineUtils.h"
 
-#include "CoreStore.h"
 #include "DeviceFacts.h"
 #include "SettingGroups.h"
+#include "StoreStatus.h"
 #include "Text.h"
 #include "VistaneSettingMgr.h"
 
@@ -34,9 +34,7 @@ const Macro* macroAt(std::string_view text)
 
 std::string fillIn(const Macro& macro)
 {
-    std::string value;
-    CoreStore::instance().fact(macro.fact, value);
-    return Text::percentEncoded(value);
+    return Text::percentEncoded(DeviceFacts::find(macro.fact).value);
 }
 
 // A device that can't tell where it is counts as being at home, as on the details page.

@@ -2,6 +2,7 @@
 
 #include "CoreStore.h"
 #include "HostBus.h"
+#include "Modem.h"
 
 namespace {
 
@@ -43,6 +44,10 @@ StoreChanges* StoreChanges::instance()
 StoreChanges::StoreChanges()
 {
     announce();
+    Modem::onChanged([this] {
+        QMetaObject::invokeMethod(
+            this, [this] { emit changed({}); }, Qt::QueuedConnection);
+    });
     HostBus::subscribe(BusSignals::storeChanged, this, [this](const HostBus::Message& message) {
         emit changed(message.arguments.at(0).toStringList());
     });

@@ -4,7 +4,7 @@
 #include <QStringList>
 
 // Tells that something was written to the store, by this process or another: the service core's one message after every
-// commit. Without a bus, only of this process.
+// commit. Without a bus, only of this process. What the modem tells counts like a write, which each process hears for itself.
 class StoreChanges : public QObject
 {
     Q_OBJECT

@@ -124,14 +124,17 @@ TEST_F(Command, WhatIsMissingOrMisspeltIsNamed)
 
 TEST_F(Command, FactsChannelsAndProfilesAreKept)
 {
-    runAll("device set roaming -1|0;device set model |0;"
-           "device list|0|imsi\t^msisdn\t^home_network\t^current_network\t^roaming\t-1^friendly\t^"
-           "user_select_profile\t^model\t^sw_version\t^dpp_version\t^;channel add -1 Sport|0;"
-           "channel add c1 World|0;channel list|0|c1\tWorld^-1\tSport^;channel remove c1|0;channel "
-           "list|0|-1\tSport^;"
-           "profile use p1|0;profile add p3 Three --locked|0;profile remove p2|0;"
-           "profile list|0|p1\tOne\tselectable\tcurrent^p3\tThree\tlocked\t^;"
-           "profile add p1 One --locked|0||p1: is in force but locked");
+    runAll(
+        "device set roaming -1|0;device set model |0;device set imsi 1|0;device unset imsi|0;device unset "
+        "imsi|1||imsi;"
+        "device list|0|imsi\t\t^msisdn\t\t^home_network\t\t^current_network\t\t^roaming\t-1\thand^friendly\t\t^"
+        "user_select_profile\t\t^model\t\thand^sw_version\t\t^dpp_version\t\t^|no system bus;channel add -1 "
+        "Sport|0;"
+        "channel add c1 World|0;channel list|0|c1\tWorld^-1\tSport^;channel remove c1|0;channel "
+        "list|0|-1\tSport^;"
+        "profile use p1|0;profile add p3 Three --locked|0;profile remove p2|0;"
+        "profile list|0|p1\tOne\tselectable\tcurrent^p3\tThree\tlocked\t^;"
+        "profile add p1 One --locked|0||p1: is in force but locked");
 }
 
 TEST_F(Command, PacksAreInstalledWholeOrNotAtAll)
