@@ -63,6 +63,8 @@ TEST_F(DetailPage, ShowsItsFactsAnewAfterARun)
     mNode.children = {&none};
     finishRun();
     EXPECT_EQ(lines(), (Lines{"Later", "# none"}));
+    Screen::settle();
+    EXPECT_EQ(details().verticalScrollBar()->maximum(), 0) << "all of it is in sight";
     takeTrace();
     mNode.caption = "Completed by the service, which goes on after finish() when it was cancelled";
     for (int storm = 0; storm < 3; ++storm)

@@ -1,5 +1,6 @@
 #include "Screen.h"
 #include "Failure.h"
+#include "Look.h"
 #include "Marquee.h"
 #include "RowDelegate.h"
 #include "Table.h"
@@ -300,6 +301,13 @@ TEST(FailureNotice, TellsOneAtATime)
     Failure::tell(Failure::Kind::NotKnown, "tel:");
     EXPECT_EQ(shown(), "Nobody says whether the tel: link was opened.");
     page.act("F2");
+}
+
+TEST(Look, ShortensBetweenCharacters)
+{
+    for (const auto& [text, shortened] :
+         {std::pair(u"abc", u"abc"), {u"abcd", u"abc…"}, {u"ab\U0001f600", u"ab…"}})
+        EXPECT_EQ(Look::shortened(QString::fromUtf16(text), 3), QString::fromUtf16(shortened));
 }
 
 TEST(List, IndexesThatAreNotThere)

@@ -2,6 +2,7 @@
 #include "FileContent.h"
 #include "HostBus.h"
 #include "NR_Constants.h"
+#include "OperatorPack.h"
 #include "QCopChannel.h"
 #include "SettingHelper.h"
 #include "StandInService.h"
@@ -124,17 +125,19 @@ TEST_F(Command, WhatIsMissingOrMisspeltIsNamed)
 
 TEST_F(Command, FactsChannelsAndProfilesAreKept)
 {
-    runAll(
-        "device set roaming -1|0;device set model |0;device set imsi 1|0;device unset imsi|0;device unset "
-        "imsi|1||imsi;"
-        "device list|0|imsi\t\t^msisdn\t\t^home_network\t\t^current_network\t\t^roaming\t-1\thand^friendly\t\t^"
-        "user_select_profile\t\t^model\t\thand^sw_version\t\t^dpp_version\t\t^|no system bus;channel add -1 "
-        "Sport|0;"
-        "channel add c1 World|0;channel list|0|c1\tWorld^-1\tSport^;channel remove c1|0;channel "
-        "list|0|-1\tSport^;"
-        "profile use p1|0;profile add p3 Three --locked|0;profile remove p2|0;"
-        "profile list|0|p1\tOne\tselectable\tcurrent^p3\tThree\tlocked\t^;"
-        "profile add p1 One --locked|0||p1: is in force but locked");
+    runAll("device set roaming -1|0;device set friendly 1|0;device set model |0;device set imsi 1|0;device "
+           "unset imsi|0;device unset "
+           "imsi|1||imsi;"
+           "device "
+           "list|0|imsi\t\t^msisdn\t\t^home_network\t\t^current_network\t\t^roaming\t-1\thand^"
+           "friendly\ttrue\thand^"
+           "user_select_profile\t\t^model\t\thand^sw_version\t\t^dpp_version\t\t^|no system bus;channel add -1 "
+           "Sport|0;"
+           "channel add c1 World|0;channel list|0|c1\tWorld^-1\tSport^;channel remove c1|0;channel "
+           "list|0|-1\tSport^;"
+           "profile use p1|0;profile add p3 Three --locked|0;profile remove p2|0;"
+           "profile list|0|p1\tOne\tselectable\tcurrent^p3\tThree\tlocked\t^;"
+           "profile add p1 One --locked|0||p1: is in force but locked");
 }
 
 TEST_F(Command, PacksAreInstalledWholeOrNotAtAll)
@@ -202,6 +205,18 @@ TEST_F(Command, TheOperatorsGuideHoldsWhatItSays)
 {
     const std::string guide = contentOf(SOURCE_DIR "/docs/operators.md");
     EXPECT_EQ(guide.substr(guide.find("### ")) + '\n', run({"guide"}).out);
+}
+
+TEST(Tree, IsWhatAPersonWouldSee)
+{
+    const Vistanectl tool(OperatorPack::builtIn().toJson());
+    tool.runAll("set VtCore.Menu.ConfigureHeadlines.ChildIDs Scrolling,Download,SetupHeadlines|0;"
+                "set VtCore.Menu.SetupHeadlines.ChildIDs ConfigureHeadlines,HowToUse,Nobody,AddNewChannel|0;"
+                "set VtCore.Menu.SetupHeadlines.visible true --type bool|0;"
+                "set VtCore.Menu.Download.enabled false|0;"
+                "menu|0|Settings\t\t\tnode^  Scrolling speed\tMedium\t\tform^"
+                "  Download\tAlways\tgreyed\tform^  Headlines\t\t\tnode^"
+                "How to use headlines\t\t\taction^Add a channel\t\t\tlink^");
 }
 
 TEST_F(Command, WhatIsSentIsWatched)
