@@ -5,12 +5,17 @@
 #include "ModemManagerDaemon.h"
 #include "OfonoDaemon.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
 namespace {
 
 const Log logger("Modem");
+
+// What Subscriber::facts() may have. For any other no bus is opened.
+constexpr std::string_view toldFacts[] = {"imsi",    "msisdn",  "home_network", "current_network",
+                                          "roaming", "friendly"};
 
 constexpr int patience = 1000; // milliseconds that the first question may take
 constexpr int retryMs = 1000;
@@ -76,6 +81,8 @@ SystemBus& systemBus()
 
 std::optional<std::string> Modem::fact(std::string_view name)
 {
+    if (std::ranges::count(toldFacts, name) == 0)
+        return std::nullopt;
     for (const auto& daemon : systemBus().daemons())
         if (const auto& facts = daemon->facts(); !facts.empty()) {
             const auto fact = facts.find(name);

@@ -1,5 +1,6 @@
 #include "DeviceFacts.h"
 #include "StoreChanges.h"
+#include "aplog.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
@@ -22,6 +23,7 @@ void print()
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
+    _aplog_init_orig("facts", 0); // not between the answers
     QSocketNotifier input(0, QSocketNotifier::Read);
     if (argc > 1) {
         input.setEnabled(false);
