@@ -52,12 +52,12 @@
     <message>
         <source>TXT_RID_NOTICE_NOT_OPENED</source>
         <comment>No application here opens %1 links.</comment>
-        <translation>لا يوجد تطبيق هنا يفتح روابط %1.</translation>
+        <translation>لا يوجد تطبيق هنا يفتح روابط ⁨%1⁩.</translation>
     </message>
     <message>
         <source>TXT_RID_NOTICE_NOT_KNOWN</source>
         <comment>Nobody says whether the %1 link was opened.</comment>
-        <translation>لا يُعرف هل فُتح رابط %1.</translation>
+        <translation>لا يُعرف هل فُتح رابط ⁨%1⁩.</translation>
     </message>
     <message>
         <source>TXT_RID_NOTICE_NO_APPLICATION</source>
