@@ -21,6 +21,10 @@ ends
 
 exec {log}> >(:) && wait $! # whoever read its log is gone
 phone_start -u VISTANE_LOG >&"$log"
+before=$(phone_look)
+looks_different() { [ "$(phone_look)" != "$before" ]; }
+vistanectl set VtCore.Menu.SetupHeadlines.title "Told by another process"
+wait_for looks_different
 press Escape
 ends
 
