@@ -51,7 +51,8 @@ bool start(const QStringList& command)
 
 void open(const QStringList& command, LinkAnswered answered, int milliseconds)
 {
-    auto* process = new QProcess; // without an owner: who ended it would end the program
+    static auto* const nobody = new QObject; // never deleted: who deletes a process ends the program
+    auto* process = new QProcess(nobody);
     prepare(*process, command);
     process->setChildProcessModifier([] { setsid(); });
     const auto settle = [once = std::make_shared<LinkAnswered>(std::move(answered))](const LinkAnswer& answer) {

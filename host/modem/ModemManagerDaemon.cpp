@@ -99,6 +99,7 @@ void ModemManagerDaemon::read()
             if (const Modem modem(path.path(), interfaces); modem.hasSim())
                 modems.push_back(modem);
         }
+        objects.endMap(); // frees what beginMap() made
         std::sort(modems.begin(), modems.end());
         readSim(modems, 0);
     });

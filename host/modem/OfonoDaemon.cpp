@@ -66,6 +66,7 @@ void OfonoDaemon::read()
             if (interfaces.contains(simInterface))
                 modems.push_back({path.path(), interfaces.contains(networkInterface)});
         }
+        list.endArray(); // frees what beginArray() made
         readSim(modems, 0);
     });
 }
