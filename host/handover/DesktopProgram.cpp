@@ -11,6 +11,19 @@
 
 namespace {
 
+// The command that has systemd start another one, as a unit of its own, where this process is one: what it may not do,
+// nobody whom it starts may, and a browser needs more. With "--wait" it ends as the other one does.
+QStringList asOwnUnit(QStringList command, const QStringList& options)
+{
+    if (qgetenv("SYSTEMD_EXEC_PID") != QByteArray::number(getpid()))
+        return command;
+    command.replaceInStrings(QStringLiteral("$"), QStringLiteral("$$")); // or it would put variables in
+    // A browser outlives its opener.
+    const QStringList run = {QStringLiteral("systemd-run"), QStringLiteral("--user"), QStringLiteral("--quiet"),
+                             QStringLiteral("--collect"), QStringLiteral("--property=KillMode=process")};
+    return run + options + QStringList{QStringLiteral("--")} + command;
+}
+
 void prepare(QProcess& process, const QStringList& command)
 {
     // No file that we, or a library of ours, have open is anything to the program.
@@ -45,7 +58,7 @@ namespace DesktopProgram {
 bool start(const QStringList& command)
 {
     QProcess process;
-    prepare(process, command);
+    prepare(process, asOwnUnit(command, {}));
     return process.startDetached();
 }
 
@@ -53,7 +66,7 @@ void open(const QStringList& command, LinkAnswered answered, int milliseconds)
 {
     static auto* const nobody = new QObject; // never deleted: who deletes a process ends the program
     auto* process = new QProcess(nobody);
-    prepare(*process, command);
+    prepare(*process, asOwnUnit(command, {QStringLiteral("--wait")}));
     process->setChildProcessModifier([] { setsid(); });
     const auto settle = [once = std::make_shared<LinkAnswered>(std::move(answered))](const LinkAnswer& answer) {
         if (const LinkAnswered first = std::exchange(*once, {}))

@@ -5,7 +5,8 @@
 #include <QStringList>
 
 // Programs of the desktop, started directly by the words of a command, never through a shell. Each lives by itself: in a
-// session of its own, with nothing of this process's input, output or open files.
+// session of its own, with nothing of this process's input, output or open files. Where this process is a unit of systemd,
+// the program becomes another one.
 namespace DesktopProgram {
 
 // Starts a program that nobody has to wait for. False when it can't be started.

@@ -82,6 +82,28 @@ TEST(Handover, WhatIsStartedLivesByItself)
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "left a child behind";
 }
 
+// The unit may do little, and a browser needs more.
+TEST(Handover, AUnitStartsUnitsAndKeepsTheWords)
+{
+    DesktopStandIn desktop({"systemd-run", "kaddressbook"});
+    qputenv("SYSTEMD_EXEC_PID", QByteArray::number(getpid()));
+    const std::vector<std::string> run = {"systemd-run", "--user", "--quiet", "--collect",
+                                          "--property=KillMode=process"};
+    const auto started = [&](std::vector<std::string> words) {
+        words.insert(words.begin(), run.begin(), run.end());
+        EXPECT_EQ(desktop.take(1).at(0).words, words);
+    };
+    EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, false), 0);
+    started({"--", "kaddressbook"});
+    EXPECT_EQ(AM_LauncherClient::loadURL("http://h/$HOME"), 0);
+    started({"--wait", "--", "gio", "open", "--", "http://h/$$HOME"});
+    EXPECT_EQ(Handover::lastOutcome().what, Handover::Outcome::Done);
+    qputenv("SYSTEMD_EXEC_PID", "1"); // a unit's child is none
+    EXPECT_EQ(AM_LauncherClient::launchAppObject(addressBook, {}, 0, true, false), 0);
+    EXPECT_EQ(desktop.take(1).at(0).words, std::vector{"kaddressbook"s});
+    qunsetenv("SYSTEMD_EXEC_PID");
+}
+
 TEST(Handover, SaysWhatBecameOfALinkAndNothingMore)
 {
     // What the portal does, what becomes of the link, what the log says.
